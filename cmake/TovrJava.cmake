@@ -1,0 +1,37 @@
+# The Java side: SWIG's module and proxy classes with the host framework classes the library
+# calls back (tovrCMT.jar), and the simulated device's control classes (tovrsim.jar).
+find_program(JAVAC_EXECUTABLE javac PATHS ${JAVA_HOME}/bin NO_DEFAULT_PATH REQUIRED)
+find_program(JAR_EXECUTABLE jar PATHS ${JAVA_HOME}/bin NO_DEFAULT_PATH REQUIRED)
+find_program(JAVA_EXECUTABLE java PATHS ${JAVA_HOME}/bin NO_DEFAULT_PATH REQUIRED)
+
+set(TOVR_JAVAC_JAR ${CMAKE_SOURCE_DIR}/cmake/javac-jar.sh)
+set(TOVR_JAR ${CMAKE_BINARY_DIR}/java/tovrCMT.jar)
+get_property(java_stamps GLOBAL PROPERTY TOVR_JAVA_STAMPS)
+file(GLOB_RECURSE framework_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/java/src/*.java)
+add_custom_command(
+  OUTPUT ${TOVR_JAR}
+  COMMAND ${TOVR_JAVAC_JAR} ${JAVAC_EXECUTABLE} ${JAR_EXECUTABLE} ${TOVR_JAR} ""
+          ${CMAKE_BINARY_DIR}/java/gen ${CMAKE_SOURCE_DIR}/java/src
+  DEPENDS ${java_stamps} ${framework_sources} ${TOVR_JAVAC_JAR}
+  COMMENT "javac -> tovrCMT.jar"
+  VERBATIM)
+add_custom_target(tovr_jar ALL DEPENDS ${TOVR_JAR})
+
+if(TOVR_PLATFORM STREQUAL "host")
+  set(TOVR_SIM_JAR ${CMAKE_BINARY_DIR}/java/tovrsim.jar)
+  file(GLOB_RECURSE sim_java_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/platform/sim/java/*.java)
+  add_custom_command(
+    OUTPUT ${TOVR_SIM_JAR}
+    COMMAND ${TOVR_JAVAC_JAR} ${JAVAC_EXECUTABLE} ${JAR_EXECUTABLE} ${TOVR_SIM_JAR} ${TOVR_JAR}
+            ${CMAKE_SOURCE_DIR}/platform/sim/java
+    DEPENDS ${sim_java_sources} ${TOVR_JAR} ${TOVR_JAVAC_JAR}
+    COMMENT "javac -> tovrsim.jar"
+    VERBATIM)
+  add_custom_target(tovr_sim_jar ALL DEPENDS ${TOVR_SIM_JAR})
+
+  # JNI side of the control classes: test and tool code, never part of libtovrCMT.so.
+  file(GLOB sim_jni_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/platform/sim/jni/*.cpp)
+  add_library(tovrsimctl SHARED ${sim_jni_sources})
+  target_include_directories(tovrsimctl PRIVATE ${TOVR_JNI_INCLUDE_DIRS})
+  target_link_libraries(tovrsimctl PRIVATE tovrsim)
+endif()

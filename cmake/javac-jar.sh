@@ -1,0 +1,13 @@
+#!/usr/bin/env bash
+# Compiles every .java below the given folders into one jar.
+# usage: javac-jar.sh JAVAC JAR OUT.jar CLASSPATH DIR...
+set -euo pipefail
+javac=$1 jar=$2 out=$3 cp=$4
+shift 4
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+find "$@" -name '*.java' 2>/dev/null | sort > "$work/sources"
+mkdir "$work/classes"
+"$javac" -nowarn -encoding UTF-8 -d "$work/classes" ${cp:+-cp "$cp"} @"$work/sources"
+"$jar" cf "$out.tmp" -C "$work/classes" .
+mv "$out.tmp" "$out"

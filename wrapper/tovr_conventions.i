@@ -1,0 +1,165 @@
+// Conventions of the wrapper layer, shared by every Java module's interface file.
+//
+// SWIG's Java defaults already give the handle layout (the object's address in the first bytes
+// of the jlong), the exception table of SWIG_JavaThrowException, OUTPUT arrays, fixed char
+// array members, fixed scalar arrays (arrays_java.i), delete_X(0) and the __SWIG_N overload
+// suffixes. What follows overrides the places where its defaults differ from what the Java
+// side of the device expects, and adds what it lacks.
+
+%include <typemaps.i>
+%include <std_string.i>
+%include <std_except.i>
+%include <arrays_java.i>
+
+%{
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+#include <vector>
+%}
+
+// ---------------------------------------------------------------------------------------------
+// Enumerations travel as int constants on the Java side; no getter native per enumerator.
+// Constants that must stay natives (NAME_get) are declared with TOVR_CONSTANT below.
+%javaconst(1);
+
+%define TOVR_CONSTANT(TYPE, NAME, VALUE)
+%javaconst(0) NAME;
+%constant TYPE NAME = VALUE;
+%enddef
+
+// ---------------------------------------------------------------------------------------------
+// The device is ILP32: long and unsigned long are 32 bits there. A host build narrows at the
+// same places, so Java sees the same values on both.
+%typemap(in) unsigned long %{ $1 = ($1_ltype)(std::uint32_t)$input; %}
+%typemap(in) const unsigned long & ($*1_ltype temp)
+%{ temp = ($*1_ltype)(std::uint32_t)$input;
+   $1 = &temp; %}
+%typemap(out) unsigned long %{ $result = (jlong)(std::uint32_t)$1; %}
+%typemap(out) const unsigned long & %{ $result = (jlong)(std::uint32_t)*$1; %}
+%typemap(out) long %{ $result = (jint)$1; %}
+%typemap(out) const long & %{ $result = (jint)*$1; %}
+
+// ---------------------------------------------------------------------------------------------
+// Strings: a null Java string names the C++ type in its message.
+%typemap(in) std::string
+%{ if (!$input) {
+     SWIG_JavaThrowException(jenv, SWIG_JavaNullPointerException, "null std::string");
+     return $null;
+   }
+   const char *$1_pstr = (const char *)jenv->GetStringUTFChars($input, 0);
+   if (!$1_pstr) return $null;
+   $1.assign($1_pstr);
+   jenv->ReleaseStringUTFChars($input, $1_pstr); %}
+
+%typemap(in) const std::string &
+%{ if (!$input) {
+     SWIG_JavaThrowException(jenv, SWIG_JavaNullPointerException, "null std::string");
+     return $null;
+   }
+   const char *$1_pstr = (const char *)jenv->GetStringUTFChars($input, 0);
+   if (!$1_pstr) return $null;
+   $*1_ltype $1_str($1_pstr);
+   $1 = &$1_str;
+   jenv->ReleaseStringUTFChars($input, $1_pstr); %}
+
+// ---------------------------------------------------------------------------------------------
+// References: the message names the parameter's type as declared, "const &" included.
+%typemap(in) SWIGTYPE &
+%{ $1 = *($&1_ltype)&$input;
+   if (!$1) {
+     SWIG_JavaThrowException(jenv, SWIG_JavaNullPointerException, "$1_type reference is null");
+     return $null;
+   } %}
+
+// ---------------------------------------------------------------------------------------------
+// In/out scalars: element 0 is read into a local of the native type and written back as one
+// element. (SWIG's stock INOUT hands the Java buffer itself to the native code, which reads
+// the wrong bytes for the widening types on a big-endian device.)
+%define TOVR_INOUT(TYPE, JNITYPE, JAVATYPE, FROM_JAVA, TO_JAVA)
+%typemap(in) TYPE *INOUT ($*1_ltype temp), TYPE &INOUT ($*1_ltype temp) {
+  if (!$input) {
+    SWIG_JavaThrowException(jenv, SWIG_JavaNullPointerException, "array null");
+    return $null;
+  }
+  if (JCALL1(GetArrayLength, jenv, $input) == 0) {
+    SWIG_JavaThrowException(jenv, SWIG_JavaIndexOutOfBoundsException, "Array must contain at least 1 element");
+    return $null;
+  }
+  JNITYPE jvalue;
+  JCALL4(Get##JAVATYPE##ArrayRegion, jenv, $input, 0, 1, &jvalue);
+  temp = FROM_JAVA(jvalue);
+  $1 = &temp;
+}
+%typemap(argout) TYPE *INOUT, TYPE &INOUT {
+  JNITYPE jvalue = TO_JAVA(temp$argnum);
+  JCALL4(Set##JAVATYPE##ArrayRegion, jenv, $input, 0, 1, &jvalue);
+}
+%enddef
+
+%{
+// Plain conversions, and the 32-bit ones of the ILP32 device for long and unsigned long.
+#define TOVR_AS(T) (T)
+static inline unsigned long tovr_ulong_from_java(jlong v) { return (unsigned long)(std::uint32_t)v; }
+static inline jlong tovr_ulong_to_java(unsigned long v) { return (jlong)(std::uint32_t)v; }
+static inline long tovr_long_from_java(jint v) { return (long)v; }
+static inline jint tovr_long_to_java(long v) { return (jint)v; }
+%}
+
+TOVR_INOUT(bool, jboolean, Boolean, TOVR_AS(bool), TOVR_AS(jboolean))
+TOVR_INOUT(signed char, jbyte, Byte, TOVR_AS(signed char), TOVR_AS(jbyte))
+TOVR_INOUT(unsigned char, jshort, Short, TOVR_AS(unsigned char), TOVR_AS(jshort))
+TOVR_INOUT(short, jshort, Short, TOVR_AS(short), TOVR_AS(jshort))
+TOVR_INOUT(unsigned short, jint, Int, TOVR_AS(unsigned short), TOVR_AS(jint))
+TOVR_INOUT(int, jint, Int, TOVR_AS(int), TOVR_AS(jint))
+TOVR_INOUT(unsigned int, jlong, Long, TOVR_AS(unsigned int), TOVR_AS(jlong))
+TOVR_INOUT(long, jint, Int, tovr_long_from_java, tovr_long_to_java)
+TOVR_INOUT(unsigned long, jlong, Long, tovr_ulong_from_java, tovr_ulong_to_java)
+TOVR_INOUT(long long, jlong, Long, TOVR_AS(long long), TOVR_AS(jlong))
+TOVR_INOUT(float, jfloat, Float, TOVR_AS(float), TOVR_AS(jfloat))
+TOVR_INOUT(double, jdouble, Double, TOVR_AS(double), TOVR_AS(jdouble))
+
+// Output-only unsigned long keeps 32 bits too.
+%typemap(argout) unsigned long *OUTPUT, unsigned long &OUTPUT {
+  jlong jvalue = tovr_ulong_to_java(temp$argnum);
+  JCALL4(SetLongArrayRegion, jenv, $input, 0, 1, &jvalue);
+}
+
+// ---------------------------------------------------------------------------------------------
+// std::vector<unsigned int> as the Java list type `vectorl` (declare it in a module with
+// TOVR_VECTORL). Its method set is fixed: size, capacity, reserve, isEmpty, clear, add, get, set.
+%define TOVR_VECTORL
+namespace std {
+  template<class T> class vector {
+    public:
+      typedef size_t size_type;
+      typedef T value_type;
+      typedef const value_type& const_reference;
+      vector();
+      vector(size_type n);
+      size_type size() const;
+      size_type capacity() const;
+      void reserve(size_type n);
+      %rename(isEmpty) empty;
+      bool empty() const;
+      void clear();
+      %rename(add) push_back;
+      void push_back(const value_type& x);
+      %extend {
+        %catches(std::out_of_range) get;
+        const_reference get(int i) {
+          int size = int(self->size());
+          if (i >= 0 && i < size) return (*self)[i];
+          throw std::out_of_range("vector index out of range");
+        }
+        %catches(std::out_of_range) set;
+        void set(int i, const value_type& val) {
+          int size = int(self->size());
+          if (i >= 0 && i < size) (*self)[i] = val;
+          else throw std::out_of_range("vector index out of range");
+        }
+      }
+  };
+}
+%template(vectorl) std::vector<unsigned int>;
+%enddef
