@@ -10,7 +10,7 @@ get_property(java_stamps GLOBAL PROPERTY TOVR_JAVA_STAMPS)
 file(GLOB_RECURSE framework_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/java/src/*.java)
 add_custom_command(
   OUTPUT ${TOVR_JAR}
-  COMMAND ${TOVR_JAVAC_JAR} ${JAVAC_EXECUTABLE} ${JAR_EXECUTABLE} ${TOVR_JAR} ""
+  COMMAND ${TOVR_JAVAC_JAR} ${JAVAC_EXECUTABLE} ${JAR_EXECUTABLE} ${TOVR_JAR} -
           ${CMAKE_BINARY_DIR}/java/gen ${CMAKE_SOURCE_DIR}/java/src
   DEPENDS ${java_stamps} ${framework_sources} ${TOVR_JAVAC_JAR}
   COMMENT "javac -> tovrCMT.jar"

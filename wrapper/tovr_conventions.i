@@ -19,6 +19,35 @@
 %}
 
 // ---------------------------------------------------------------------------------------------
+// The Java side knows exactly these exception codes; SWIG's own table has a tenth row
+// (IllegalStateException) that must not be reachable, so every module throws through this one.
+%insert(runtime) %{
+static void tovr_JavaThrowException(JNIEnv *jenv, SWIG_JavaExceptionCodes code, const char *msg) {
+  static const struct { int code; const char *java_exception; } table[] = {
+    { 1, "java/lang/OutOfMemoryError" },
+    { 2, "java/io/IOException" },
+    { 3, "java/lang/RuntimeException" },
+    { 4, "java/lang/IndexOutOfBoundsException" },
+    { 5, "java/lang/ArithmeticException" },
+    { 6, "java/lang/IllegalArgumentException" },
+    { 7, "java/lang/NullPointerException" },
+    { 8, "java/lang/RuntimeException" },
+    { 9, "java/lang/UnknownError" },
+    { 0, "java/lang/UnknownError" }
+  };
+  int row = 0;
+  while (table[row].code != (int)code && table[row].code != 0) row++;
+  jenv->ExceptionClear();
+  jclass exception_class = jenv->FindClass(table[row].java_exception);
+  if (exception_class) {
+    jenv->ThrowNew(exception_class, msg);
+    jenv->DeleteLocalRef(exception_class);
+  }
+}
+#define SWIG_JavaThrowException tovr_JavaThrowException
+%}
+
+// ---------------------------------------------------------------------------------------------
 // Enumerations travel as int constants on the Java side; no getter native per enumerator.
 // Constants that must stay natives (NAME_get) are declared with TOVR_CONSTANT below.
 %javaconst(1);

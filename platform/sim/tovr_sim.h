@@ -57,6 +57,7 @@ bool intercept(const char* op, std::initializer_list<std::string> args, const Pa
 
 // Argument formatting for intercept(): numbers in decimal, strings as they are, null as "null".
 std::string arg(const char* s);
+inline std::string arg(char* s) { return arg(static_cast<const char*>(s)); }
 std::string arg(const std::string& s);
 template <typename T>
 std::string arg(T v) {

@@ -1,6 +1,7 @@
 // JNI side of tarnwick.sim.SimDevice: the simulated device's control interface for Java tests.
 #include <jni.h>
 
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -87,6 +88,10 @@ JNIEXPORT jobjectArray JNICALL Java_tarnwick_sim_SimDevice_processRegistrations(
                       (r.arguments.empty() ? std::string() : r.arguments[0]));
     }
     return to_java(env, out);
+}
+
+JNIEXPORT void JNICALL Java_tarnwick_sim_SimDevice_setTimeZone(JNIEnv* env, jclass, jstring tz) {
+    setenv("TZ", to_string(env, tz).c_str(), 1);
 }
 
 }  // extern "C"

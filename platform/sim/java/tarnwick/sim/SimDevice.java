@@ -33,6 +33,9 @@ public final class SimDevice {
     /** Each process registration as "count:first argument". */
     public static native String[] processRegistrations();
 
+    /** Sets the process's TZ, as a device whose time zone setting changed. */
+    public static native void setTimeZone(String tz);
+
     public static int callCount(String op) {
         return calls(op).length;
     }

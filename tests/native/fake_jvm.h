@@ -1,0 +1,31 @@
+// A stand-in Java VM for native tests that run without a JVM (the PowerPC target under qemu has
+// none). The test binary defines JNI_GetCreatedJavaVMs, so the library finds this VM instead.
+#ifndef TOVR_TESTS_FAKE_JVM_H
+#define TOVR_TESTS_FAKE_JVM_H
+
+#include <jni.h>
+
+namespace fake_jvm {
+
+struct Control {
+    bool present = true;      // JNI_GetCreatedJavaVMs reports a VM
+    int lookups = 0;          // JNI_GetCreatedJavaVMs calls
+    jint get_env_result = JNI_OK;
+    JNIEnv* env = nullptr;    // what GetEnv / AttachCurrentThread hand out
+    jint attach_result = JNI_OK;
+    int attaches = 0;
+    int detaches = 0;
+    jint detach_result = JNI_OK;
+    jint destroy_result = JNI_OK;
+    int destroys = 0;
+    jint last_get_env_version = 0;
+};
+
+Control& control();
+JavaVM* vm();
+// Back to a present VM with every counter at 0.
+void reset();
+
+}  // namespace fake_jvm
+
+#endif

@@ -1,0 +1,5 @@
+package tovrtest;
+
+public class NoDefaultConstructor {
+    public NoDefaultConstructor(int value) {}
+}

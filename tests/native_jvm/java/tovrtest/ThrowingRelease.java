@@ -1,0 +1,10 @@
+package tovrtest;
+
+/** release() fails. */
+public class ThrowingRelease {
+    public ThrowingRelease() {}
+
+    public void release() {
+        throw new IllegalStateException("release failed");
+    }
+}
