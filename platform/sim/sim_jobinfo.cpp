@@ -1,0 +1,265 @@
+// Simulated job-information facade: job log entries with their send and receive lists, and the
+// page and job-log notifications of running jobs.
+#include <cstring>
+#include <memory>
+
+#include "esv_zel_jobinfo_facade.h"
+#include "sim_job_internal.h"
+
+using tarnwick::esv_zel_jobinfo_facade;
+using tarnwick::esv_zel_jobinfo_observer;
+
+namespace tovr_sim {
+namespace jobsim {
+
+JobLog& joblog() {
+    static JobLog* log = new JobLog;  // leaked: facade threads may run at exit
+    return *log;
+}
+
+unsigned int store_log(LogEntry entry) {
+    JobLog& j = joblog();
+    std::lock_guard<std::mutex> lock(j.mutex);
+    unsigned int id = j.next_receipt++;
+    entry.log.receipt_id = id;
+    entry.log.send_num = static_cast<uint32_t>(entry.sends.size());
+    entry.log.receive_num = static_cast<uint32_t>(entry.receives.size());
+    j.entries[id] = std::move(entry);
+    return id;
+}
+
+void reset_joblog() {
+    JobLog& j = joblog();
+    std::lock_guard<std::mutex> lock(j.mutex);
+    j.entries.clear();
+    j.next_receipt = 5001;
+    j.send_list_open = false;
+    j.send_list.clear();
+    j.send_pos = 0;
+    j.receive_list_open = false;
+    j.receive_list.clear();
+    j.receive_pos = 0;
+}
+
+FacadeThread& jobinfo_thread() {
+    static FacadeThread* t = new FacadeThread("jobinfo");
+    return *t;
+}
+
+ObserverSet<esv_zel_jobinfo_observer>& jobinfo_observers() {
+    static auto* s = new ObserverSet<esv_zel_jobinfo_observer>;
+    return *s;
+}
+
+namespace {
+
+Answers deliver(std::function<unsigned long(esv_zel_jobinfo_observer*)> fn) {
+    FacadeThread& t = jobinfo_thread();
+    if (t.on_this_thread()) return jobinfo_observers().deliver(fn);
+    auto out = std::make_shared<Answers>();
+    t.post([fn, out] {
+         *out = jobinfo_observers().deliver(fn);
+         return 0UL;
+     }).get();
+    return *out;
+}
+
+}  // namespace
+}  // namespace jobsim
+
+using jobsim::deliver;
+
+Answers raise_job_update_log(const ESV_ZEL_EVENT_JOB_UPDATE_LOG& log) {
+    return deliver([log](esv_zel_jobinfo_observer* o) {
+        return static_cast<unsigned long>(o->notify_job_update_log(log));
+    });
+}
+
+Answers raise_fax_send_page_info(const ESV_ZEL_EVENT_SEND_PAGE& page) {
+    return deliver([page](esv_zel_jobinfo_observer* o) {
+        return static_cast<unsigned long>(o->notify_fax_send_page_info(page));
+    });
+}
+
+Answers raise_renint_start_info(const ESV_ZEL_EVENT_RENINT_START& info, const char* job_name) {
+    // The text lives until the notification is answered; null stays null.
+    std::shared_ptr<std::string> name = job_name ? std::make_shared<std::string>(job_name) : nullptr;
+    return deliver([info, name](esv_zel_jobinfo_observer* o) {
+        return static_cast<unsigned long>(o->notify_renint_start_info(info, name ? name->c_str() : nullptr));
+    });
+}
+
+Answers raise_print_page_info(const ESV_ZEL_EVENT_PRINT_PAGE& page) {
+    return deliver([page](esv_zel_jobinfo_observer* o) {
+        return static_cast<unsigned long>(o->notify_print_page_info(page));
+    });
+}
+
+Answers raise_scan_page_info(const ESV_ZEL_EVENT_SCAN_PAGE& page) {
+    return deliver([page](esv_zel_jobinfo_observer* o) {
+        return static_cast<unsigned long>(o->notify_scan_page_info(page));
+    });
+}
+
+std::size_t jobinfo_observer_count() { return jobsim::jobinfo_observers().size(); }
+
+bool jobinfo_observer_registered(esv_zel_jobinfo_observer* observer) {
+    return jobsim::jobinfo_observers().contains(observer);
+}
+
+unsigned int add_joblog(ESV_ZEL_JOBINFO_JOBLOG log, const std::vector<ESV_ZEL_JOBINFO_SEND_INFO>& sends,
+                        const std::vector<ESV_ZEL_JOBINFO_RECEIVE_INFO>& receives) {
+    return jobsim::store_log(jobsim::LogEntry{log, sends, receives});
+}
+
+}  // namespace tovr_sim
+
+// ---------------------------------------------------------------------------------------------
+// The facade.
+
+namespace tarnwick {
+
+using tovr_sim::arg;
+using tovr_sim::jobsim::joblog;
+using tovr_sim::jobsim::JobLog;
+
+esv_zel_jobinfo_facade::esv_zel_jobinfo_facade() {}
+
+esv_zel_jobinfo_facade* esv_zel_jobinfo_facade::esv_zel_jobinfo_get_instance() {
+    static esv_zel_jobinfo_facade* instance = new esv_zel_jobinfo_facade;
+    return instance;
+}
+
+long esv_zel_jobinfo_facade::esv_zel_jobinfo_add_observer(esv_zel_jobinfo_observer* observer) {
+    long forced;
+    if (tovr_sim::intercept("esv_zel_jobinfo_add_observer", {arg(observer)}, {observer}, &forced)) return forced;
+    if (!observer) return ESV_ZEL_JOBINFO_PARAM_ERROR;
+    auto& set = tovr_sim::jobsim::jobinfo_observers();
+    if (set.contains(observer)) return ESV_ZEL_JOBINFO_DUPL_OBSERVER;
+    set.add(observer);
+    return ESV_ZEL_JOBINFO_OK;
+}
+
+long esv_zel_jobinfo_facade::esv_zel_jobinfo_remove_observer(esv_zel_jobinfo_observer* observer) {
+    long forced;
+    if (tovr_sim::intercept("esv_zel_jobinfo_remove_observer", {arg(observer)}, {observer}, &forced)) return forced;
+    return tovr_sim::jobsim::jobinfo_observers().remove(observer) ? ESV_ZEL_JOBINFO_OK : ESV_ZEL_JOBINFO_NO_OBSERVER;
+}
+
+namespace {
+
+bool known_type(ESV_ZEL_JOBINFO_JOBLOG_TYPE_VAL t) {
+    return t >= ESV_ZEL_JOBINFO_JOBLOG_TYPE_PRINT && t <= ESV_ZEL_JOBINFO_JOBLOG_TYPE_STORE;
+}
+
+// The entry of `receipt_id` in the log of `type`, or null. Caller holds the log's mutex.
+tovr_sim::jobsim::LogEntry* find_entry(JobLog& j, unsigned int receipt_id, ESV_ZEL_JOBINFO_JOBLOG_TYPE_VAL type) {
+    auto it = j.entries.find(receipt_id);
+    if (it == j.entries.end() || it->second.log.job_log_type != type) return nullptr;
+    return &it->second;
+}
+
+}  // namespace
+
+long esv_zel_jobinfo_facade::esv_zel_jobinfo_retrieve_joblog(unsigned int receipt_id,
+                                                             ESV_ZEL_JOBINFO_JOBLOG_TYPE_VAL job_log_type,
+                                                             ESV_ZEL_JOBINFO_JOBLOG& joblog_out) {
+    long forced;
+    if (tovr_sim::intercept("esv_zel_jobinfo_retrieve_joblog", {arg(receipt_id), arg(job_log_type)},
+                            {&receipt_id, &job_log_type, &joblog_out}, &forced)) {
+        return forced;
+    }
+    if (!known_type(job_log_type)) return ESV_ZEL_JOBINFO_PARAM_ERROR;
+    JobLog& j = joblog();
+    std::lock_guard<std::mutex> lock(j.mutex);
+    tovr_sim::jobsim::LogEntry* e = find_entry(j, receipt_id, job_log_type);
+    if (!e) return ESV_ZEL_JOBINFO_NOT_FOUND_ERROR;
+    joblog_out = e->log;
+    return ESV_ZEL_JOBINFO_OK;
+}
+
+long esv_zel_jobinfo_facade::esv_zel_jobinfo_create_send_info_list(unsigned int receipt_id,
+                                                                   ESV_ZEL_JOBINFO_JOBLOG_TYPE_VAL job_log_type) {
+    long forced;
+    if (tovr_sim::intercept("esv_zel_jobinfo_create_send_info_list", {arg(receipt_id), arg(job_log_type)},
+                            {&receipt_id, &job_log_type}, &forced)) {
+        return forced;
+    }
+    if (!known_type(job_log_type)) return ESV_ZEL_JOBINFO_PARAM_ERROR;
+    JobLog& j = joblog();
+    std::lock_guard<std::mutex> lock(j.mutex);
+    if (j.send_list_open) return ESV_ZEL_JOBINFO_LIST_OPERATE_ERROR;
+    tovr_sim::jobsim::LogEntry* e = find_entry(j, receipt_id, job_log_type);
+    if (!e) return ESV_ZEL_JOBINFO_NOT_FOUND_ERROR;
+    j.send_list = e->sends;
+    j.send_pos = 0;
+    j.send_list_open = true;
+    return ESV_ZEL_JOBINFO_OK;
+}
+
+long esv_zel_jobinfo_facade::esv_zel_jobinfo_get_send_info(ESV_ZEL_JOBINFO_SEND_INFO& info) {
+    long forced;
+    if (tovr_sim::intercept("esv_zel_jobinfo_get_send_info", {}, {&info}, &forced)) return forced;
+    JobLog& j = joblog();
+    std::lock_guard<std::mutex> lock(j.mutex);
+    if (!j.send_list_open) return ESV_ZEL_JOBINFO_LIST_OPERATE_ERROR;
+    if (j.send_pos >= j.send_list.size()) return ESV_ZEL_JOBINFO_ERROR_OUT_OF_RANGE;
+    info = j.send_list[j.send_pos++];
+    return ESV_ZEL_JOBINFO_OK;
+}
+
+long esv_zel_jobinfo_facade::esv_zel_jobinfo_delete_send_info_list() {
+    long forced;
+    if (tovr_sim::intercept("esv_zel_jobinfo_delete_send_info_list", {}, {}, &forced)) return forced;
+    JobLog& j = joblog();
+    std::lock_guard<std::mutex> lock(j.mutex);
+    if (!j.send_list_open) return ESV_ZEL_JOBINFO_LIST_OPERATE_ERROR;
+    j.send_list_open = false;
+    j.send_list.clear();
+    j.send_pos = 0;
+    return ESV_ZEL_JOBINFO_OK;
+}
+
+long esv_zel_jobinfo_facade::esv_zel_jobinfo_create_receive_info_list(unsigned int receipt_id,
+                                                                      ESV_ZEL_JOBINFO_JOBLOG_TYPE_VAL job_log_type) {
+    long forced;
+    if (tovr_sim::intercept("esv_zel_jobinfo_create_receive_info_list", {arg(receipt_id), arg(job_log_type)},
+                            {&receipt_id, &job_log_type}, &forced)) {
+        return forced;
+    }
+    if (!known_type(job_log_type)) return ESV_ZEL_JOBINFO_PARAM_ERROR;
+    JobLog& j = joblog();
+    std::lock_guard<std::mutex> lock(j.mutex);
+    if (j.receive_list_open) return ESV_ZEL_JOBINFO_LIST_OPERATE_ERROR;
+    tovr_sim::jobsim::LogEntry* e = find_entry(j, receipt_id, job_log_type);
+    if (!e) return ESV_ZEL_JOBINFO_NOT_FOUND_ERROR;
+    j.receive_list = e->receives;
+    j.receive_pos = 0;
+    j.receive_list_open = true;
+    return ESV_ZEL_JOBINFO_OK;
+}
+
+long esv_zel_jobinfo_facade::esv_zel_jobinfo_get_receive_info(ESV_ZEL_JOBINFO_RECEIVE_INFO& info) {
+    long forced;
+    if (tovr_sim::intercept("esv_zel_jobinfo_get_receive_info", {}, {&info}, &forced)) return forced;
+    JobLog& j = joblog();
+    std::lock_guard<std::mutex> lock(j.mutex);
+    if (!j.receive_list_open) return ESV_ZEL_JOBINFO_LIST_OPERATE_ERROR;
+    if (j.receive_pos >= j.receive_list.size()) return ESV_ZEL_JOBINFO_ERROR_OUT_OF_RANGE;
+    info = j.receive_list[j.receive_pos++];
+    return ESV_ZEL_JOBINFO_OK;
+}
+
+long esv_zel_jobinfo_facade::esv_zel_jobinfo_delete_receive_info_list() {
+    long forced;
+    if (tovr_sim::intercept("esv_zel_jobinfo_delete_receive_info_list", {}, {}, &forced)) return forced;
+    JobLog& j = joblog();
+    std::lock_guard<std::mutex> lock(j.mutex);
+    if (!j.receive_list_open) return ESV_ZEL_JOBINFO_LIST_OPERATE_ERROR;
+    j.receive_list_open = false;
+    j.receive_list.clear();
+    j.receive_pos = 0;
+    return ESV_ZEL_JOBINFO_OK;
+}
+
+}  // namespace tarnwick
