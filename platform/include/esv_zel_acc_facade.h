@@ -1,0 +1,99 @@
+// Access-control facade: IC card reader notifications and their records.
+//
+// The records are shared by address with the closed facade library, so their layout is fixed
+// and checked at compile time on the host and on the device.
+#ifndef ESV_ZEL_ACC_FACADE_H
+#define ESV_ZEL_ACC_FACADE_H
+
+#include <stddef.h>
+#include <stdint.h>
+
+#include <string>
+
+// Card reader device types, one bit each.
+#define ESV_ZEL_ACC_ICCARD_DEVICE_TYPE_A 1
+#define ESV_ZEL_ACC_ICCARD_DEVICE_TYPE_B 2
+#define ESV_ZEL_ACC_ICCARD_DEVICE_TYPE_C 4
+#define ESV_ZEL_ACC_ICCARD_DEVICE_TYPE_HID 8
+#define ESV_ZEL_ACC_ICCARD_DEVICE_TYPE_MAG 16
+#define ESV_ZEL_ACC_ICCARD_DEVICE_TYPE_LEGIC 32
+
+// Text sizes, terminating zero included.
+#define ESV_ZEL_ACC_CARD_ID_SIZE 256
+#define ESV_ZEL_ACC_FELICA_SYSTEM_CODE 16
+#define ESV_ZEL_ACC_FELICA_SERVICE_CODE_1 16
+#define ESV_ZEL_ACC_FELICA_SERVICE_CODE_2 16
+
+// The partition in which the device leaves the data read from a card, and its size.
+#define ESV_ZEL_ACC_ICCARD_DATA_PARTITION "DVC_ACC_ICCARD_DATA_PARTITION"
+#define ESV_ZEL_ACC_ICCARD_DATA_PARTITION_SIZE 16256
+
+// A card held to the reader.
+struct ESV_ZEL_ACC_ICCARD_INFO {
+    char card_id[ESV_ZEL_ACC_CARD_ID_SIZE];  // the card's identifier as text
+    uint32_t card_type;                      // 1 to 6
+    uint16_t card_data_size;                 // 0: no card data in the partition
+    int32_t blkid;                           // block of the partition that holds the data
+};
+
+// The reader itself changed state.
+struct ESV_ZEL_ACC_ICCARD_STATE_CHANGE_INFO {
+    uint16_t product_id;
+    uint16_t vendor_id;
+    uint8_t card_types;
+    int32_t state;  // 1: connected
+};
+
+// FeliCa reading setting of one setting site.
+struct ESV_ZEL_ACC_FELICA_SETTING_INFO {
+    std::string system_code;
+    std::string service_code_1;
+    std::string service_code_2;
+    unsigned char blk_num_1;
+    unsigned char blk_num_2;
+};
+
+#ifndef SWIG
+#ifndef ESV_ZEL_LAYOUT
+#define ESV_ZEL_LAYOUT(T, M, OFF) static_assert(offsetof(T, M) == (OFF), #T "." #M)
+#define ESV_ZEL_SIZE(T, N) static_assert(sizeof(T) == (N), "sizeof " #T)
+#endif
+ESV_ZEL_SIZE(ESV_ZEL_ACC_ICCARD_INFO, 268);
+ESV_ZEL_LAYOUT(ESV_ZEL_ACC_ICCARD_INFO, card_id, 0);
+ESV_ZEL_LAYOUT(ESV_ZEL_ACC_ICCARD_INFO, card_type, 256);
+ESV_ZEL_LAYOUT(ESV_ZEL_ACC_ICCARD_INFO, card_data_size, 260);
+ESV_ZEL_LAYOUT(ESV_ZEL_ACC_ICCARD_INFO, blkid, 264);
+
+ESV_ZEL_SIZE(ESV_ZEL_ACC_ICCARD_STATE_CHANGE_INFO, 12);
+ESV_ZEL_LAYOUT(ESV_ZEL_ACC_ICCARD_STATE_CHANGE_INFO, product_id, 0);
+ESV_ZEL_LAYOUT(ESV_ZEL_ACC_ICCARD_STATE_CHANGE_INFO, vendor_id, 2);
+ESV_ZEL_LAYOUT(ESV_ZEL_ACC_ICCARD_STATE_CHANGE_INFO, card_types, 4);
+ESV_ZEL_LAYOUT(ESV_ZEL_ACC_ICCARD_STATE_CHANGE_INFO, state, 8);
+#endif
+
+namespace tarnwick {
+
+// Receives the access-control facade's notifications, one at a time, on the facade's thread.
+class esv_zel_acc_observer {
+public:
+    virtual ~esv_zel_acc_observer() {}
+    virtual int notify_iccard_detect(ESV_ZEL_ACC_ICCARD_INFO& info) = 0;
+    virtual int notify_iccard_read_error(int code) = 0;
+    virtual int notify_iccard_state_change_info(ESV_ZEL_ACC_ICCARD_STATE_CHANGE_INFO& info) = 0;
+};
+
+// Process-wide singleton of the access-control service.
+class esv_zel_acc_facade {
+public:
+    static esv_zel_acc_facade* esv_zel_acc_get_instance();
+
+    unsigned long esv_zel_acc_add_observer(esv_zel_acc_observer* observer);
+    unsigned long esv_zel_acc_remove_observer(esv_zel_acc_observer* observer);
+
+private:
+    esv_zel_acc_facade() {}
+};
+
+}  // namespace tarnwick
+
+#endif

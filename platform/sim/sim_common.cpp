@@ -1,0 +1,41 @@
+// Simulated common facade: keeps observers and delivers on its own thread.
+#include "esv_zel_common_facade.h"
+#include "tovr_sim_events.h"
+
+namespace tovr_sim {
+
+CommonFacade& common_facade() {
+    static CommonFacade* f = new CommonFacade("common");  // outlives static destruction
+    return *f;
+}
+
+}  // namespace tovr_sim
+
+namespace tarnwick {
+
+esv_zel_common_facade* esv_zel_common_facade::esv_zel_common_get_instance() {
+    static esv_zel_common_facade* instance = new esv_zel_common_facade;
+    return instance;
+}
+
+unsigned long esv_zel_common_facade::esv_zel_common_add_observer(esv_zel_common_observer* observer) {
+    long forced;
+    if (tovr_sim::intercept("esv_zel_common_add_observer", {tovr_sim::arg(observer)}, {observer},
+                            &forced)) {
+        return static_cast<unsigned long>(forced);
+    }
+    tovr_sim::common_facade().observers().add(observer);
+    return 0;
+}
+
+unsigned long esv_zel_common_facade::esv_zel_common_remove_observer(esv_zel_common_observer* observer) {
+    long forced;
+    if (tovr_sim::intercept("esv_zel_common_remove_observer", {tovr_sim::arg(observer)}, {observer},
+                            &forced)) {
+        return static_cast<unsigned long>(forced);
+    }
+    tovr_sim::common_facade().observers().remove(observer);
+    return 0;
+}
+
+}  // namespace tarnwick
