@@ -1,0 +1,268 @@
+// Common device-status observer.
+#include "zel_fnd_common_observer.h"
+
+#include "CJvm.h"
+#include "cmt_trace.h"
+#include "zel_fnd_observer_env.h"
+
+#define CMT_TRACE_MODULE "zel_fnd_common_observer"
+
+namespace tarnwick {
+
+namespace {
+
+const char kCommonProxy[] = "tarnwick/zel/controller/event/proxy/CommonProxy";
+const char kSynchronousProxy[] = "tarnwick/zel/controller/event/proxy/SynchronousEventProxy";
+
+struct Lookup {
+    bool synchronous;  // on SynchronousEventProxy, else on CommonProxy
+    const char* name;
+    const char* signature;
+    jmethodID zel_fnd_common_observer::*member;
+};
+
+}  // namespace
+
+
+zel_fnd_common_observer::zel_fnd_common_observer()
+    : vm_(nullptr),
+      jnienv_(nullptr),
+      jcls_common_proxy_(nullptr),
+      jcls_synchronous_proxy_(nullptr),
+      mid_system_restart_(nullptr),
+      mid_network_restart_(nullptr),
+      mid_logout_(nullptr),
+      mid_communication_error_(nullptr),
+      mid_sleep_(nullptr),
+      mid_completed_activation_(nullptr),
+      mid_prepare_activation_(nullptr),
+      mid_usb_device_(nullptr),
+      mid_coin_vendor_(nullptr),
+      mid_toner_level_(nullptr),
+      mid_paper_source_level_(nullptr),
+      mid_cover_(nullptr),
+      mid_waste_toner_(nullptr),
+      mid_resident_apps_(nullptr),
+      mid_key_device_(nullptr) {}
+
+zel_fnd_common_observer::~zel_fnd_common_observer() {
+    if (vm_ == nullptr) return;
+    JNIEnv* env = zel_fnd_calling_thread_env(vm_);
+    zel_fnd_delete_global(env, &jcls_common_proxy_);
+    zel_fnd_delete_global(env, &jcls_synchronous_proxy_);
+    thread_detach();
+}
+
+int zel_fnd_common_observer::init() {
+    // Method lookups in their order; the first that fails ends them.
+#define LOOKUP(sync, name, sig, member) {sync, name, sig, &zel_fnd_common_observer::member}
+    static const Lookup lookups[] = {
+        LOOKUP(false, "fireLogoutEvent", "()V", mid_logout_),
+        LOOKUP(false, "fireCommunicationErrorEvent", "()V", mid_communication_error_),
+        LOOKUP(false, "fireSleepEvent", "(I)V", mid_sleep_),
+        LOOKUP(false, "fireCompletedActivationEvent", "(IJ)V", mid_completed_activation_),
+        LOOKUP(false, "fireUSBDeviceEvent", "(I)V", mid_usb_device_),
+        LOOKUP(false, "fireCoinVendorEvent", "(I)V", mid_coin_vendor_),
+        LOOKUP(false, "fireTonerLevelEvent", "(SS)V", mid_toner_level_),
+        LOOKUP(false, "firePaperSourceLevelEvent", "(IS)V", mid_paper_source_level_),
+        LOOKUP(false, "fireCoverEvent", "(J)V", mid_cover_),
+        LOOKUP(false, "fireWasteTonerEvent", "(S)V", mid_waste_toner_),
+        LOOKUP(false, "fireKeyDeviceEvent", "(I)V", mid_key_device_),
+        LOOKUP(true, "fireSystemRestartEvent", "(I)V", mid_system_restart_),
+        LOOKUP(true, "fireNetworkRestartEvent", "(I)V", mid_network_restart_),
+        LOOKUP(true, "firePrepareActivationEvent", "(IJ)Z", mid_prepare_activation_),
+        LOOKUP(true, "fireResidentAppsStateChanged", "(I)V", mid_resident_apps_),
+    };
+#undef LOOKUP
+    jsize count = 0;
+    jint rc = JNI_GetCreatedJavaVMs(&vm_, 1, &count);
+    if (rc != JNI_OK) return rc;
+    if (!thread_attach()) return 0;
+    if (zel_fnd_find_global_class(jnienv_, kCommonProxy, &jcls_common_proxy_) &&
+        zel_fnd_find_global_class(jnienv_, kSynchronousProxy, &jcls_synchronous_proxy_)) {
+        for (std::size_t i = 0; i < sizeof lookups / sizeof lookups[0]; ++i) {
+            jclass cls = lookups[i].synchronous ? jcls_synchronous_proxy_ : jcls_common_proxy_;
+            jmethodID id = jnienv_->GetStaticMethodID(cls, lookups[i].name, lookups[i].signature);
+            if (id == nullptr) {
+                zel_fnd_drop_exception(jnienv_);
+                break;
+            }
+            this->*lookups[i].member = id;
+        }
+    }
+    return thread_detach();
+}
+
+bool zel_fnd_common_observer::thread_attach() {
+    if (vm_ == nullptr) return false;
+    return vm_->AttachCurrentThread(reinterpret_cast<void**>(&jnienv_), nullptr) == JNI_OK;
+}
+
+int zel_fnd_common_observer::thread_detach() {
+    if (vm_ == nullptr) return JNI_ERR;
+    return vm_->DetachCurrentThread();
+}
+
+// A Java exception thrown by a fire method stays pending: the thread detaches right after,
+// and no further JNI call is made.
+
+unsigned long zel_fnd_common_observer::notify_key_card_status(unsigned char status) {
+    if (!thread_attach()) return kAttachFailure;
+    CMT_TRACE(kTraceFlow, "[Start]. status = [%d]", static_cast<int>(status));
+    jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_key_device_, static_cast<jint>(status));
+    CMT_TRACE(kTraceFlow, "[End]");
+    thread_detach();
+    return 0;
+}
+
+unsigned long zel_fnd_common_observer::notify_key_counter_status(unsigned int status) {
+    if (!thread_attach()) return kAttachFailure;
+    CMT_TRACE(kTraceFlow, "[Start]. status = [%d]", static_cast<int>(status));
+    jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_key_device_, static_cast<jint>(status));
+    CMT_TRACE(kTraceFlow, "[End]");
+    thread_detach();
+    return 0;
+}
+
+unsigned long zel_fnd_common_observer::notify_resident_app_state_changed(ESV_ZEL_REQ_APP_STATE state) {
+    if (!thread_attach()) return kAttachFailure;
+    CMT_TRACE(kTraceFlow, "[Start]");
+    jnienv_->CallStaticVoidMethod(jcls_synchronous_proxy_, mid_resident_apps_, static_cast<jint>(state));
+    CMT_TRACE(kTraceFlow, "[End]");
+    thread_detach();
+    return 0;
+}
+
+unsigned long zel_fnd_common_observer::notify_waste_toner_bottle_status(unsigned char status) {
+    if (!thread_attach()) return kAttachFailure;
+    CMT_TRACE(kTraceFlow, "[Start]");
+    jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_waste_toner_, static_cast<jshort>(status));
+    CMT_TRACE(kTraceFlow, "[End]");
+    thread_detach();
+    return 0;
+}
+
+unsigned long zel_fnd_common_observer::notify_cover_status(unsigned int status) {
+    if (!thread_attach()) return kAttachFailure;
+    CMT_TRACE(kTraceFlow, "[Start]");
+    jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_cover_, static_cast<jlong>(status));
+    CMT_TRACE(kTraceFlow, "[End]");
+    thread_detach();
+    return 0;
+}
+
+unsigned long zel_fnd_common_observer::notify_paper_rest_status(unsigned short source, unsigned char level) {
+    if (!thread_attach()) return kAttachFailure;
+    CMT_TRACE(kTraceFlow, "[Start]");
+    jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_paper_source_level_, static_cast<jint>(source),
+                                  static_cast<jshort>(level));
+    CMT_TRACE(kTraceFlow, "[End]");
+    thread_detach();
+    return 0;
+}
+
+unsigned long zel_fnd_common_observer::notify_toner_status(unsigned char first, unsigned char second) {
+    if (!thread_attach()) return kAttachFailure;
+    CMT_TRACE(kTraceFlow, "[Start]");
+    // Java receives the two levels the other way round; applications rely on that order.
+    jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_toner_level_, static_cast<jshort>(second),
+                                  static_cast<jshort>(first));
+    CMT_TRACE(kTraceFlow, "[End]");
+    thread_detach();
+    return 0;
+}
+
+unsigned long zel_fnd_common_observer::notify_coin_vender_status(unsigned int status) {
+    if (!thread_attach()) return kAttachFailure;
+    CMT_TRACE(kTraceFlow, "[Start]. status = [%d]", static_cast<int>(status));
+    jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_coin_vendor_, static_cast<jint>(status));
+    CMT_TRACE(kTraceFlow, "[End]");
+    thread_detach();
+    return 0;
+}
+
+unsigned long zel_fnd_common_observer::notify_usb_memory_status(unsigned int status) {
+    if (!thread_attach()) return kAttachFailure;
+    CMT_TRACE(kTraceFlow, "[Start]. status = [%d]", static_cast<int>(status));
+    jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_usb_device_, static_cast<jint>(status));
+    CMT_TRACE(kTraceFlow, "[End]");
+    thread_detach();
+    return 0;
+}
+
+unsigned long zel_fnd_common_observer::notify_sleep(ESV_ZEL_EVENT_SLEEP_STATE state) {
+    if (!thread_attach()) return kAttachFailure;
+    CMT_TRACE(kTraceFlow, "[Start]");
+    jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_sleep_, static_cast<jint>(state));
+    CMT_TRACE(kTraceFlow, "[End]");
+    thread_detach();
+    return 0;
+}
+
+unsigned long zel_fnd_common_observer::notify_pbp_connection_error(ESV_ZEL_EVENT_CONNECTION_ERROR error) {
+    if (!thread_attach()) return kAttachFailure;
+    CMT_TRACE(kTraceFlow, "[Start]");
+    jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_communication_error_);  // the kind is not passed on
+    CMT_TRACE(kTraceFlow, "[End]");
+    thread_detach();
+    return 0;
+}
+
+unsigned long zel_fnd_common_observer::notify_logout(unsigned long reason) {
+    if (!thread_attach()) return kAttachFailure;
+    CMT_TRACE(kTraceFlow, "[Start]");
+    jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_logout_);  // the reason is not passed on
+    CMT_TRACE(kTraceFlow, "[End]");
+    thread_detach();
+    return 0;
+}
+
+unsigned long zel_fnd_common_observer::network_state_changed(ESV_ZEL_NETWORK_TYPE type) {
+    if (!thread_attach()) return kAttachFailure;
+    CMT_TRACE(kTraceFlow, "[Start]");
+    jnienv_->CallStaticVoidMethod(jcls_synchronous_proxy_, mid_network_restart_, static_cast<jint>(type));
+    CMT_TRACE(kTraceFlow, "[End]");
+    thread_detach();
+    return 0;
+}
+
+unsigned long zel_fnd_common_observer::service_state_changed(ESV_ZEL_ACCEPTANCE_TYPE type) {
+    if (!thread_attach()) return kAttachFailure;
+    CMT_TRACE(kTraceFlow, "[Start]");
+    jnienv_->CallStaticVoidMethod(jcls_synchronous_proxy_, mid_system_restart_, static_cast<jint>(type));
+    CMT_TRACE(kTraceFlow, "[End]");
+    thread_detach();
+    return 0;
+}
+
+unsigned long zel_fnd_common_observer::request_activate(ESV_ZEL_KIND_OF_SCENARIO scenario, unsigned int value) {
+    if (!thread_attach()) return kAttachFailure;
+    CMT_TRACE(kTraceFlow, "[Start]");
+    const unsigned int kind = static_cast<unsigned int>(scenario);
+    if (kind <= 13 && ((0x2AAAu >> kind) & 1u) != 0) {
+        jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_completed_activation_, static_cast<jint>(scenario),
+                                      static_cast<jlong>(value));
+        CMT_TRACE(kTraceFlow, "[FIN] end. success.");
+        thread_detach();
+        return 0;
+    }
+    if (kind <= 13 && ((0x1555u >> kind) & 1u) != 0) {
+        // The method ID comes from SynchronousEventProxy while the class passed is CommonProxy;
+        // CommonProxy extends SynchronousEventProxy on the Java side, so the pair is valid.
+        jboolean ready = jnienv_->CallStaticBooleanMethod(jcls_common_proxy_, mid_prepare_activation_,
+                                                          static_cast<jint>(scenario), static_cast<jlong>(value));
+        if (ready) {
+            CMT_TRACE(kTraceFlow, "success.");
+            thread_detach();
+            return 0;
+        }
+        CMT_TRACE(kTraceError, "failed.");
+        thread_detach();
+        return kPrepareRefused;
+    }
+    CMT_TRACE(kTraceError, "[FIN] end. unknown scenario.");
+    thread_detach();
+    return 0;
+}
+
+}  // namespace tarnwick

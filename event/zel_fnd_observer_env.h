@@ -1,0 +1,56 @@
+// Small JNI helpers shared by the observers of the event bridge.
+#ifndef TARNWICK_ZEL_FND_OBSERVER_ENV_H
+#define TARNWICK_ZEL_FND_OBSERVER_ENV_H
+
+#include <jni.h>
+
+#include "CJvm.h"
+
+namespace tarnwick {
+
+// The calling thread's environment, attaching the thread when it is not attached yet. An
+// observer's destructor runs on the thread that stops the manager, not on the facade thread
+// whose environment the observer kept from its last notification (that one has detached
+// since), so it must not use the kept environment.
+inline JNIEnv* zel_fnd_calling_thread_env(JavaVM* vm) {
+    if (vm == nullptr) return nullptr;
+    JNIEnv* env = nullptr;
+    if (vm->GetEnv(reinterpret_cast<void**>(&env), kJniVersion) == JNI_OK) return env;
+    if (vm->AttachCurrentThread(reinterpret_cast<void**>(&env), nullptr) == JNI_OK) return env;
+    return nullptr;
+}
+
+// Describes and clears a pending Java exception; true when there was one.
+inline bool zel_fnd_drop_exception(JNIEnv* env) {
+    if (!env->ExceptionCheck()) return false;
+    env->ExceptionDescribe();
+    env->ExceptionClear();
+    return true;
+}
+
+// Finds a class by its path and keeps it as a global reference; false (nothing pending) when
+// it cannot be found.
+inline bool zel_fnd_find_global_class(JNIEnv* env, const char* path, jclass* out) {
+    jclass local = env->FindClass(path);
+    if (local == nullptr) {
+        zel_fnd_drop_exception(env);
+        return false;
+    }
+    *out = static_cast<jclass>(env->NewGlobalRef(local));
+    env->DeleteLocalRef(local);
+    if (*out == nullptr) {
+        zel_fnd_drop_exception(env);
+        return false;
+    }
+    return true;
+}
+
+// Deletes a global class reference that may never have been made.
+inline void zel_fnd_delete_global(JNIEnv* env, jclass* ref) {
+    if (env != nullptr && *ref != nullptr) env->DeleteGlobalRef(*ref);
+    *ref = nullptr;
+}
+
+}  // namespace tarnwick
+
+#endif
