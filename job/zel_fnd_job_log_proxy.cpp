@@ -1,0 +1,109 @@
+#include "zel_fnd_job_log_proxy.h"
+
+#include <cstdint>
+
+#include "cmt_trace.h"
+#include "esv_zel_jobinfo_facade.h"
+
+#define CMT_TRACE_MODULE "zel_fnd_job_log_proxy"
+
+namespace tarnwick {
+
+zel_fnd_job_log_proxy::zel_fnd_job_log_proxy() {}
+
+zel_fnd_job_log_proxy::~zel_fnd_job_log_proxy() {}
+
+int zel_fnd_job_log_proxy::retrieve_joblog(unsigned int receipt_id, ESV_ZEL_JOBINFO_JOBLOG_TYPE_VAL job_log_type,
+                                           ESV_ZEL_JOBINFO_JOBLOG& joblog) {
+    CMT_TRACE(kTraceFlow, "[Start]. receipt_id = [%d], job_log_type = [%d].", receipt_id, job_log_type);
+    long rc = esv_zel_jobinfo_facade::esv_zel_jobinfo_get_instance()->esv_zel_jobinfo_retrieve_joblog(
+        receipt_id, job_log_type, joblog);
+    CMT_TRACE(kTraceFlow, "[End]");
+    return convert_retcode(rc);
+}
+
+int zel_fnd_job_log_proxy::create_send_info_list(unsigned int receipt_id, ESV_ZEL_JOBINFO_JOBLOG_TYPE_VAL job_log_type) {
+    CMT_TRACE(kTraceFlow, "[Start]. receipt_id = [%d], job_log_type = [%d].", receipt_id, job_log_type);
+    long rc = esv_zel_jobinfo_facade::esv_zel_jobinfo_get_instance()->esv_zel_jobinfo_create_send_info_list(
+        receipt_id, job_log_type);
+    CMT_TRACE(kTraceFlow, "[End]");
+    return convert_retcode(rc);
+}
+
+int zel_fnd_job_log_proxy::get_send_info(ESV_ZEL_JOBINFO_SEND_INFO& info) {
+    CMT_TRACE(kTraceFlow, "[Start]");
+    long rc = esv_zel_jobinfo_facade::esv_zel_jobinfo_get_instance()->esv_zel_jobinfo_get_send_info(info);
+    CMT_TRACE(kTraceFlow, "[End]");
+    return convert_retcode(rc);
+}
+
+int zel_fnd_job_log_proxy::delete_send_info_list() {
+    CMT_TRACE(kTraceFlow, "[Start]");
+    long rc = esv_zel_jobinfo_facade::esv_zel_jobinfo_get_instance()->esv_zel_jobinfo_delete_send_info_list();
+    CMT_TRACE(kTraceFlow, "[End]");
+    return convert_retcode(rc);
+}
+
+int zel_fnd_job_log_proxy::create_receive_info_list(unsigned int receipt_id,
+                                                    ESV_ZEL_JOBINFO_JOBLOG_TYPE_VAL job_log_type) {
+    CMT_TRACE(kTraceFlow, "[Start]. receipt_id = [%d], job_log_type = [%d].", receipt_id, job_log_type);
+    long rc = esv_zel_jobinfo_facade::esv_zel_jobinfo_get_instance()->esv_zel_jobinfo_create_receive_info_list(
+        receipt_id, job_log_type);
+    CMT_TRACE(kTraceFlow, "[End]");
+    return convert_retcode(rc);
+}
+
+int zel_fnd_job_log_proxy::get_receive_info(ESV_ZEL_JOBINFO_RECEIVE_INFO& info) {
+    CMT_TRACE(kTraceFlow, "[Start]");
+    long rc = esv_zel_jobinfo_facade::esv_zel_jobinfo_get_instance()->esv_zel_jobinfo_get_receive_info(info);
+    CMT_TRACE(kTraceFlow, "[End]");
+    return convert_retcode(rc);
+}
+
+int zel_fnd_job_log_proxy::delete_receive_info_list() {
+    CMT_TRACE(kTraceFlow, "[Start]");
+    long rc = esv_zel_jobinfo_facade::esv_zel_jobinfo_get_instance()->esv_zel_jobinfo_delete_receive_info_list();
+    CMT_TRACE(kTraceFlow, "[End]");
+    return convert_retcode(rc);
+}
+
+// Unknown codes read as the general error, traced like it and at the ordinary level.
+int zel_fnd_job_log_proxy::convert_retcode(long code) {
+    switch (static_cast<std::int32_t>(code)) {  // facade codes are 32 bits on the device
+        case ESV_ZEL_JOBINFO_OK:
+            CMT_TRACE(kTraceFlow, "rc = ESV_ZEL_JOBINFO_OK.");
+            return 0;
+        case ESV_ZEL_JOBINFO_ERROR:
+            CMT_TRACE(kTraceFlow, "rc = ESV_ZEL_JOBINFO_ERROR.");
+            return 1;
+        case ESV_ZEL_JOBINFO_DUPL_OBSERVER:
+            CMT_TRACE(kTraceFlow, "rc = ESV_ZEL_JOBINFO_DUPL_OBSERVER.");
+            return 2;
+        case ESV_ZEL_JOBINFO_NO_OBSERVER:
+            CMT_TRACE(kTraceFlow, "rc = ESV_ZEL_JOBINFO_NO_OBSERVER.");
+            return 3;
+        case ESV_ZEL_JOBINFO_PARAM_ERROR:
+            CMT_TRACE(kTraceFlow, "rc = ESV_ZEL_JOBINFO_PARAM_ERROR.");
+            return 4;
+        case ESV_ZEL_JOBINFO_NOT_FOUND_ERROR:
+            CMT_TRACE(kTraceFlow, "rc = ESV_ZEL_JOBINFO_NOT_FOUND_ERROR.");
+            return 5;
+        case ESV_ZEL_JOBINFO_ERROR_OUT_OF_RANGE:
+            CMT_TRACE(kTraceFlow, "rc = ESV_ZEL_JOBINFO_ERROR_OUT_OF_RANGE.");
+            return 6;
+        case ESV_ZEL_JOBINFO_ERROR_CRITICAL:
+            CMT_TRACE(kTraceFlow, "rc = ESV_ZEL_JOBINFO_ERROR_CRITICAL.");
+            return 7;
+        case ESV_ZEL_JOBINFO_IPC_ERROR:
+            CMT_TRACE(kTraceFlow, "rc = ESV_ZEL_JOBINFO_IPC_ERROR.");
+            return 8;
+        case ESV_ZEL_JOBINFO_LIST_OPERATE_ERROR:
+            CMT_TRACE(kTraceFlow, "rc = ESV_ZEL_JOBINFO_LIST_OPERATE_ERROR.");
+            return 9;
+        default:
+            CMT_TRACE(kTraceFlow, "rc = ESV_ZEL_JOBINFO_ERROR.");
+            return 1;
+    }
+}
+
+}  // namespace tarnwick
