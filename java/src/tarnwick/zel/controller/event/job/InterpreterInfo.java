@@ -1,0 +1,48 @@
+package tarnwick.zel.controller.event.job;
+
+/** An interpreter that started for a print job. */
+public class InterpreterInfo {
+    private long userJobId;
+    private int nameSetting;
+    private long interfaceInfo;
+    private String jobName;
+
+    public InterpreterInfo() {}
+
+    public void setUserJobId(long userJobId) {
+        this.userJobId = userJobId;
+    }
+
+    public long getUserJobId() {
+        return userJobId;
+    }
+
+    public void setNameSetting(int nameSetting) {
+        this.nameSetting = nameSetting;
+    }
+
+    public int getNameSetting() {
+        return nameSetting;
+    }
+
+    public void setInterfaceInfo(long interfaceInfo) {
+        this.interfaceInfo = interfaceInfo;
+    }
+
+    public long getInterfaceInfo() {
+        return interfaceInfo;
+    }
+
+    public void setJobName(String jobName) {
+        this.jobName = jobName;
+    }
+
+    public String getJobName() {
+        return jobName;
+    }
+
+    @Override
+    public String toString() {
+        return "InterpreterInfo[" + "userJobId=" + userJobId + ", " + "nameSetting=" + nameSetting + ", " + "interfaceInfo=" + interfaceInfo + ", " + "jobName=" + jobName + "]";
+    }
+}

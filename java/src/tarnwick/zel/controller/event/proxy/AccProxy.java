@@ -1,0 +1,43 @@
+package tarnwick.zel.controller.event.proxy;
+
+import tarnwick.zel.controller.event.device.ICCardInfo;
+
+/** IC card reader events: a card was read, a card could not be read, the reader changed state. */
+public final class AccProxy {
+    /** Receives these events; every method has a do-nothing default. */
+    public interface Listener {
+        default void icCard(ICCardInfo info) {}
+
+        default void icCardError(int code) {}
+
+        default void icCardDevice(int vendorId, int productId, boolean connected, byte cardTypes) {}
+    }
+
+    private static final Listeners<Listener> LISTENERS = new Listeners<>();
+
+    private AccProxy() {}
+
+    public static void addListener(Listener listener) {
+        LISTENERS.add(listener);
+    }
+
+    public static boolean removeListener(Listener listener) {
+        return LISTENERS.remove(listener);
+    }
+
+    public static void removeAllListeners() {
+        LISTENERS.clear();
+    }
+
+    public static void fireICCardEvent(ICCardInfo info) {
+        LISTENERS.each(l -> l.icCard(info));
+    }
+
+    public static void fireICCardErrorEvent(int code) {
+        LISTENERS.each(l -> l.icCardError(code));
+    }
+
+    public static void fireICCardDeviceEvent(int vendorId, int productId, boolean connected, byte cardTypes) {
+        LISTENERS.each(l -> l.icCardDevice(vendorId, productId, connected, cardTypes));
+    }
+}

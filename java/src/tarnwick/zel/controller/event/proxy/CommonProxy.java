@@ -1,0 +1,89 @@
+package tarnwick.zel.controller.event.proxy;
+
+/** Device-status events: key devices, covers, paper and toner, USB memory, sleep, logout, activations. */
+public class CommonProxy extends SynchronousEventProxy {
+    /** Receives device-status events; every method has a do-nothing default. */
+    public interface Listener {
+        default void logout() {}
+
+        default void communicationError() {}
+
+        default void sleep(int state) {}
+
+        default void completedActivation(int scenario, long value) {}
+
+        default void usbDevice(int status) {}
+
+        default void coinVendor(int status) {}
+
+        default void tonerLevel(short first, short second) {}
+
+        default void paperSourceLevel(int source, short level) {}
+
+        default void cover(long status) {}
+
+        default void wasteToner(short status) {}
+
+        default void keyDevice(int status) {}
+    }
+
+    private static final Listeners<Listener> LISTENERS = new Listeners<>();
+
+    protected CommonProxy() {}
+
+    public static void addListener(Listener listener) {
+        LISTENERS.add(listener);
+    }
+
+    public static boolean removeListener(Listener listener) {
+        return LISTENERS.remove(listener);
+    }
+
+    public static void removeAllListeners() {
+        LISTENERS.clear();
+    }
+
+    public static void fireLogoutEvent() {
+        LISTENERS.each(Listener::logout);
+    }
+
+    public static void fireCommunicationErrorEvent() {
+        LISTENERS.each(Listener::communicationError);
+    }
+
+    public static void fireSleepEvent(int state) {
+        LISTENERS.each(l -> l.sleep(state));
+    }
+
+    public static void fireCompletedActivationEvent(int scenario, long value) {
+        LISTENERS.each(l -> l.completedActivation(scenario, value));
+    }
+
+    public static void fireUSBDeviceEvent(int status) {
+        LISTENERS.each(l -> l.usbDevice(status));
+    }
+
+    public static void fireCoinVendorEvent(int status) {
+        LISTENERS.each(l -> l.coinVendor(status));
+    }
+
+    public static void fireTonerLevelEvent(short first, short second) {
+        LISTENERS.each(l -> l.tonerLevel(first, second));
+    }
+
+    public static void firePaperSourceLevelEvent(int source, short level) {
+        LISTENERS.each(l -> l.paperSourceLevel(source, level));
+    }
+
+    public static void fireCoverEvent(long status) {
+        LISTENERS.each(l -> l.cover(status));
+    }
+
+    public static void fireWasteTonerEvent(short status) {
+        LISTENERS.each(l -> l.wasteToner(status));
+    }
+
+    public static void fireKeyDeviceEvent(int status) {
+        LISTENERS.each(l -> l.keyDevice(status));
+    }
+}

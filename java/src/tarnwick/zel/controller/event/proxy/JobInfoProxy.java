@@ -1,0 +1,45 @@
+package tarnwick.zel.controller.event.proxy;
+
+import tarnwick.zel.controller.event.job.InterpreterInfo;
+import tarnwick.zel.controller.event.job.JobLogInfo;
+
+/** Per-page and per-job information: printed, scanned and faxed pages, job-log entries, interpreter starts. */
+public final class JobInfoProxy {
+    /** Receives these events; every method has a do-nothing default. */
+    public interface Listener {
+        /** A PrintPageInfo, ScanPageInfo or FaxSendPageInfo; tell them apart by class. */
+        default void page(Object info) {}
+
+        default void jobLog(JobLogInfo info) {}
+
+        default void interpreter(InterpreterInfo info) {}
+    }
+
+    private static final Listeners<Listener> LISTENERS = new Listeners<>();
+
+    private JobInfoProxy() {}
+
+    public static void addListener(Listener listener) {
+        LISTENERS.add(listener);
+    }
+
+    public static boolean removeListener(Listener listener) {
+        return LISTENERS.remove(listener);
+    }
+
+    public static void removeAllListeners() {
+        LISTENERS.clear();
+    }
+
+    public static void firePageEvent(Object info) {
+        LISTENERS.each(l -> l.page(info));
+    }
+
+    public static void fireJobLogEvent(JobLogInfo info) {
+        LISTENERS.each(l -> l.jobLog(info));
+    }
+
+    public static void fireInterpreterEvent(InterpreterInfo info) {
+        LISTENERS.each(l -> l.interpreter(info));
+    }
+}

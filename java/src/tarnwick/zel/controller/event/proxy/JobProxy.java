@@ -1,0 +1,55 @@
+package tarnwick.zel.controller.event.proxy;
+
+import tarnwick.zel.controller.event.job.Job;
+
+/** Job events: state changes, scan progress, start prohibition, combination constraints, panel messages. */
+public final class JobProxy {
+    /** Receives these events; every method has a do-nothing default. */
+    public interface Listener {
+        default void jobStateChanged(Job job) {}
+
+        default void scanCount(long first, long second) {}
+
+        default void startProhibition(long id) {}
+
+        default void combConstraint(long id) {}
+
+        default void panelMessageUpdate(long id) {}
+    }
+
+    private static final Listeners<Listener> LISTENERS = new Listeners<>();
+
+    private JobProxy() {}
+
+    public static void addListener(Listener listener) {
+        LISTENERS.add(listener);
+    }
+
+    public static boolean removeListener(Listener listener) {
+        return LISTENERS.remove(listener);
+    }
+
+    public static void removeAllListeners() {
+        LISTENERS.clear();
+    }
+
+    public static void fireJobStateChangedEvent(Job job) {
+        LISTENERS.each(l -> l.jobStateChanged(job));
+    }
+
+    public static void fireScanCountEvent(long first, long second) {
+        LISTENERS.each(l -> l.scanCount(first, second));
+    }
+
+    public static void fireStartProhibitionEvent(long id) {
+        LISTENERS.each(l -> l.startProhibition(id));
+    }
+
+    public static void fireCombConstraintEvent(long id) {
+        LISTENERS.each(l -> l.combConstraint(id));
+    }
+
+    public static void firePanelMessageUpdateEvent(long id) {
+        LISTENERS.each(l -> l.panelMessageUpdate(id));
+    }
+}
