@@ -8,6 +8,8 @@
 #include <stddef.h>
 #include <stdint.h>
 
+#include "esv_zel_job_state.h"
+
 // ---------------------------------------------------------------------------------------------
 // Result codes of the job facade.
 enum ESV_ZEL_JOB_RET : int {
@@ -112,19 +114,6 @@ enum ESV_ZEL_STATE_OF_PROHIBITION : int {
     ESV_ZEL_STATE_OF_PROHIBITION_SET = 1
 };
 
-// Job states and results as ESV_ZEL_JOB_STATE reports them.
-enum ESV_ZEL_EVENT_JOB_STATE : int {
-    ESV_ZEL_EVENT_JOB_START = 0,
-    ESV_ZEL_EVENT_JOB_END = 1,
-    ESV_ZEL_EVENT_JOB_SCAN_COMPLETE = 2,
-    ESV_ZEL_EVENT_JOB_RSV = 3
-};
-enum ESV_ZEL_EVENT_JOB_RESULT : int {
-    ESV_ZEL_EVENT_JOB_RESULT_COMPLETE = 0,
-    ESV_ZEL_EVENT_JOB_RESULT_CANCEL = 1,
-    ESV_ZEL_EVENT_JOB_RESULT_ERROR = 2
-};
-
 // Send address types (ESV_ZEL_JOB_SEND_INFO::address_type).
 enum ESV_ZEL_JOB_ADDRESS_TYPE : int {
     ESV_ZEL_JOB_ADDRESS_TYPE_FTP = 0,
@@ -156,25 +145,9 @@ enum ESV_ZEL_JOB_ADDRESS_TYPE : int {
 #define ESV_ZEL_JOB_GET_SCAN_DATA_SIZE 4096
 #define ESV_ZEL_JOB_DOC_PASS_SIZE 5
 #endif
-#define ESV_ZEL_JOB_USER_NAME_SIZE 257
 
 // ---------------------------------------------------------------------------------------------
 // Records.
-
-// The state of one job as the facade reports it.
-struct ESV_ZEL_JOB_STATE {
-    int state;                  // ESV_ZEL_EVENT_JOB_STATE
-    uint32_t user_job_id;
-    int result;                 // ESV_ZEL_EVENT_JOB_RESULT
-    uint16_t job_mode;
-    char user_name[ESV_ZEL_JOB_USER_NAME_SIZE];
-    uint32_t input_box_id;
-    uint32_t output_box_id;
-    uint32_t form_box_id;
-    uint8_t in_dev;
-    uint8_t out_dev;
-    uint32_t sys_info_user_job_id;
-};
 
 // The operation panel's main message of a job-information set.
 struct ESV_ZEL_PHB_GET_MESSAGE {
@@ -298,19 +271,6 @@ struct ESV_ZEL_JOB_GET_SCAN_DATA {
 #define ESV_ZEL_LAYOUT(T, M, OFF) static_assert(offsetof(T, M) == (OFF), #T "." #M)
 #define ESV_ZEL_SIZE(T, N) static_assert(sizeof(T) == (N), "sizeof " #T)
 #endif
-
-ESV_ZEL_SIZE(ESV_ZEL_JOB_STATE, 292);
-ESV_ZEL_LAYOUT(ESV_ZEL_JOB_STATE, state, 0);
-ESV_ZEL_LAYOUT(ESV_ZEL_JOB_STATE, user_job_id, 4);
-ESV_ZEL_LAYOUT(ESV_ZEL_JOB_STATE, result, 8);
-ESV_ZEL_LAYOUT(ESV_ZEL_JOB_STATE, job_mode, 12);
-ESV_ZEL_LAYOUT(ESV_ZEL_JOB_STATE, user_name, 14);
-ESV_ZEL_LAYOUT(ESV_ZEL_JOB_STATE, input_box_id, 272);
-ESV_ZEL_LAYOUT(ESV_ZEL_JOB_STATE, output_box_id, 276);
-ESV_ZEL_LAYOUT(ESV_ZEL_JOB_STATE, form_box_id, 280);
-ESV_ZEL_LAYOUT(ESV_ZEL_JOB_STATE, in_dev, 284);
-ESV_ZEL_LAYOUT(ESV_ZEL_JOB_STATE, out_dev, 285);
-ESV_ZEL_LAYOUT(ESV_ZEL_JOB_STATE, sys_info_user_job_id, 288);
 
 ESV_ZEL_SIZE(ESV_ZEL_PHB_GET_MESSAGE, 288);
 ESV_ZEL_LAYOUT(ESV_ZEL_PHB_GET_MESSAGE, main_msg_1, 0);

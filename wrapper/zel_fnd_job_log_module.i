@@ -1,0 +1,29 @@
+// package tarnwick.zel.wrapper.job.log
+// The job log: the log proxy, the log entry, its send and receive list records, and the job
+// state record.
+%module zel_fnd_job_log_module
+
+%include "tovr_conventions.i"
+%include <stdint.i>
+// Enumerations reach Java as plain int, so values outside the enumerators can be passed on.
+%include "enumtypeunsafe.swg"
+
+%{
+#include "esv_zel_job_state.h"
+#include "esv_zel_jobinfo_types.h"
+#include "zel_fnd_job_log_proxy.h"
+using namespace tarnwick;
+%}
+
+// The notification records belong to the event bridge, not to this module.
+%ignore ESV_ZEL_EVENT_JOB_UPDATE_LOG;
+%ignore ESV_ZEL_EVENT_SEND_PAGE;
+%ignore ESV_ZEL_EVENT_RENINT_START;
+%ignore ESV_ZEL_EVENT_PRINT_PAGE;
+%ignore ESV_ZEL_EVENT_SCAN_PAGE;
+
+%include "esv_zel_job_state.h"
+%include "esv_zel_jobinfo_types.h"
+
+%ignore tarnwick::zel_fnd_job_log_proxy::convert_retcode;
+%include "../job/zel_fnd_job_log_proxy.h"

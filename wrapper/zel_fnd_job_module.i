@@ -1,0 +1,65 @@
+// package tarnwick.zel.wrapper.job
+// Job control: the job proxy, the records its operations read and fill, the id list type and
+// the facade's size constants.
+%module zel_fnd_job_module
+
+%include "tovr_conventions.i"
+%include <stdint.i>
+// Enumerations reach Java as plain int, so values outside the enumerators can be passed on.
+%include "enumtypeunsafe.swg"
+
+%{
+#include "esv_zel_job_state.h"
+#include "esv_zel_job_types.h"
+#include "zel_fnd_job_proxy.h"
+using namespace tarnwick;
+%}
+
+TOVR_VECTORL
+
+// ---------------------------------------------------------------------------------------------
+// Size constants, each a native getter NAME_get returning long.
+TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_FTP_HOST_NAME_SIZE, 65)
+TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_FTP_PATH_NAME_SIZE, 129)
+TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_FTP_USER_NAME_SIZE, 65)
+TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_FTP_PASSWORD_SIZE, 65)
+TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_SMB_HOST_NAME_SIZE, 65)
+TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_SMB_PATH_NAME_SIZE, 129)
+TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_SMB_USER_NAME_SIZE, 129)
+TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_SMB_PASSWORD_SIZE, 129)
+TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_MAIL_ADDRESS_SIZE, 129)
+TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_ADDRESS_LIST_NUM, 100)
+TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_FAX_NUMBER_SIZE, 65)
+TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_SUB_ADDRESS_SIZE, 21)
+TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_SUB_ADDRESS_PASSWORD_SIZE, 21)
+TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_ACCESS_PATH_SIZE, 1531)
+TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_BOX_PASS_SIZE, 17)
+TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_DOC_NAME_SIZE, 257)
+TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_JOB_FILENAME_SIZE, 257)
+TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_GET_SCAN_DATA_SIZE, 4096)
+TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_DOC_PASS_SIZE, 5)
+
+// ---------------------------------------------------------------------------------------------
+// Records.
+// The start flag shares its word with the other members of the union: Java sees a boolean,
+// true is stored as the whole word 1, and the flag read back is the word's lowest byte.
+%typemap(jni) uint32_t start_info "jboolean"
+%typemap(jtype) uint32_t start_info "boolean"
+%typemap(jstype) uint32_t start_info "boolean"
+%typemap(javain) uint32_t start_info "$javainput"
+%typemap(javaout) uint32_t start_info { return $jnicall; }
+%typemap(in) uint32_t start_info %{ $1 = $input ? 1u : 0u; %}
+%typemap(out) uint32_t start_info %{ $result = (jboolean)(($1 & 0xFFu) != 0); %}
+%include "esv_zel_job_state.h"
+%include "esv_zel_job_types.h"
+
+// ---------------------------------------------------------------------------------------------
+// The proxy. Out arguments are one-element arrays, read in and written back after the call.
+%apply unsigned int &INOUT { unsigned int &current_id, unsigned int &user_job_id, unsigned int &val,
+                             unsigned int &value_1, unsigned int &value_2, unsigned int &value_3,
+                             unsigned int &value, unsigned int &address_id };
+%apply bool &INOUT { bool &result };
+%apply unsigned short &INOUT { unsigned short &val };
+
+%ignore tarnwick::zel_fnd_job_proxy::convert_retcode;
+%include "../job/zel_fnd_job_proxy.h"
