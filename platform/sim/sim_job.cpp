@@ -474,6 +474,18 @@ Answers raise_message_info(unsigned int current_id, const ESV_ZEL_PHB_GET_MESSAG
     });
 }
 
+Answers job_raise(JobNotification fn) { return deliver(std::move(fn)); }
+
+std::future<Answers> job_post(JobNotification fn) {
+    auto promise = std::make_shared<std::promise<Answers>>();
+    std::future<Answers> answers = promise->get_future();
+    job_thread().post([fn, promise] {
+        promise->set_value(job_observers().deliver(fn));
+        return 0UL;
+    });
+    return answers;
+}
+
 std::size_t job_observer_count() { return job_observers().size(); }
 bool job_observer_registered(esv_zel_job_observer* observer) { return job_observers().contains(observer); }
 

@@ -101,6 +101,18 @@ Answers raise_scan_page_info(const ESV_ZEL_EVENT_SCAN_PAGE& page) {
     });
 }
 
+Answers jobinfo_raise(JobinfoNotification fn) { return deliver(std::move(fn)); }
+
+std::future<Answers> jobinfo_post(JobinfoNotification fn) {
+    auto promise = std::make_shared<std::promise<Answers>>();
+    std::future<Answers> answers = promise->get_future();
+    jobsim::jobinfo_thread().post([fn, promise] {
+        promise->set_value(jobsim::jobinfo_observers().deliver(fn));
+        return 0UL;
+    });
+    return answers;
+}
+
 std::size_t jobinfo_observer_count() { return jobsim::jobinfo_observers().size(); }
 
 bool jobinfo_observer_registered(esv_zel_jobinfo_observer* observer) {

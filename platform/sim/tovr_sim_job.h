@@ -7,6 +7,8 @@
 #ifndef TOVR_SIM_JOB_H
 #define TOVR_SIM_JOB_H
 
+#include <functional>
+#include <future>
 #include <string>
 #include <vector>
 
@@ -32,6 +34,15 @@ Answers raise_fax_send_page_info(const ESV_ZEL_EVENT_SEND_PAGE& page);
 Answers raise_renint_start_info(const ESV_ZEL_EVENT_RENINT_START& info, const char* job_name);
 Answers raise_print_page_info(const ESV_ZEL_EVENT_PRINT_PAGE& page);
 Answers raise_scan_page_info(const ESV_ZEL_EVENT_SCAN_PAGE& page);
+
+// Generic forms: any notification, given as a call on one observer. *_raise waits for the
+// answers; *_post returns at once with them to come.
+using JobNotification = std::function<unsigned long(tarnwick::esv_zel_job_observer*)>;
+using JobinfoNotification = std::function<unsigned long(tarnwick::esv_zel_jobinfo_observer*)>;
+Answers job_raise(JobNotification fn);
+std::future<Answers> job_post(JobNotification fn);
+Answers jobinfo_raise(JobinfoNotification fn);
+std::future<Answers> jobinfo_post(JobinfoNotification fn);
 
 // Observers currently registered with each facade.
 std::size_t job_observer_count();
