@@ -103,13 +103,14 @@ int zel_fnd_common_observer::thread_detach() {
     return vm_->DetachCurrentThread();
 }
 
-// A Java exception thrown by a fire method stays pending: the thread detaches right after,
-// and no further JNI call is made.
+// A Java exception thrown by a fire method stays pending: it is checked but not cleared, the
+// thread detaches right after, and no further JNI call is made.
 
 unsigned long zel_fnd_common_observer::notify_key_card_status(unsigned char status) {
     if (!thread_attach()) return kAttachFailure;
     CMT_TRACE(kTraceFlow, "[Start]. status = [%d]", static_cast<int>(status));
     jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_key_device_, static_cast<jint>(status));
+    zel_fnd_exception_left_pending(jnienv_);
     CMT_TRACE(kTraceFlow, "[End]");
     thread_detach();
     return 0;
@@ -119,6 +120,7 @@ unsigned long zel_fnd_common_observer::notify_key_counter_status(unsigned int st
     if (!thread_attach()) return kAttachFailure;
     CMT_TRACE(kTraceFlow, "[Start]. status = [%d]", static_cast<int>(status));
     jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_key_device_, static_cast<jint>(status));
+    zel_fnd_exception_left_pending(jnienv_);
     CMT_TRACE(kTraceFlow, "[End]");
     thread_detach();
     return 0;
@@ -128,6 +130,7 @@ unsigned long zel_fnd_common_observer::notify_resident_app_state_changed(ESV_ZEL
     if (!thread_attach()) return kAttachFailure;
     CMT_TRACE(kTraceFlow, "[Start]");
     jnienv_->CallStaticVoidMethod(jcls_synchronous_proxy_, mid_resident_apps_, static_cast<jint>(state));
+    zel_fnd_exception_left_pending(jnienv_);
     CMT_TRACE(kTraceFlow, "[End]");
     thread_detach();
     return 0;
@@ -137,6 +140,7 @@ unsigned long zel_fnd_common_observer::notify_waste_toner_bottle_status(unsigned
     if (!thread_attach()) return kAttachFailure;
     CMT_TRACE(kTraceFlow, "[Start]");
     jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_waste_toner_, static_cast<jshort>(status));
+    zel_fnd_exception_left_pending(jnienv_);
     CMT_TRACE(kTraceFlow, "[End]");
     thread_detach();
     return 0;
@@ -146,6 +150,7 @@ unsigned long zel_fnd_common_observer::notify_cover_status(unsigned int status) 
     if (!thread_attach()) return kAttachFailure;
     CMT_TRACE(kTraceFlow, "[Start]");
     jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_cover_, static_cast<jlong>(status));
+    zel_fnd_exception_left_pending(jnienv_);
     CMT_TRACE(kTraceFlow, "[End]");
     thread_detach();
     return 0;
@@ -156,6 +161,7 @@ unsigned long zel_fnd_common_observer::notify_paper_rest_status(unsigned short s
     CMT_TRACE(kTraceFlow, "[Start]");
     jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_paper_source_level_, static_cast<jint>(source),
                                   static_cast<jshort>(level));
+    zel_fnd_exception_left_pending(jnienv_);
     CMT_TRACE(kTraceFlow, "[End]");
     thread_detach();
     return 0;
@@ -167,6 +173,7 @@ unsigned long zel_fnd_common_observer::notify_toner_status(unsigned char first, 
     // Java receives the two levels the other way round; applications rely on that order.
     jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_toner_level_, static_cast<jshort>(second),
                                   static_cast<jshort>(first));
+    zel_fnd_exception_left_pending(jnienv_);
     CMT_TRACE(kTraceFlow, "[End]");
     thread_detach();
     return 0;
@@ -176,6 +183,7 @@ unsigned long zel_fnd_common_observer::notify_coin_vender_status(unsigned int st
     if (!thread_attach()) return kAttachFailure;
     CMT_TRACE(kTraceFlow, "[Start]. status = [%d]", static_cast<int>(status));
     jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_coin_vendor_, static_cast<jint>(status));
+    zel_fnd_exception_left_pending(jnienv_);
     CMT_TRACE(kTraceFlow, "[End]");
     thread_detach();
     return 0;
@@ -185,6 +193,7 @@ unsigned long zel_fnd_common_observer::notify_usb_memory_status(unsigned int sta
     if (!thread_attach()) return kAttachFailure;
     CMT_TRACE(kTraceFlow, "[Start]. status = [%d]", static_cast<int>(status));
     jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_usb_device_, static_cast<jint>(status));
+    zel_fnd_exception_left_pending(jnienv_);
     CMT_TRACE(kTraceFlow, "[End]");
     thread_detach();
     return 0;
@@ -194,6 +203,7 @@ unsigned long zel_fnd_common_observer::notify_sleep(ESV_ZEL_EVENT_SLEEP_STATE st
     if (!thread_attach()) return kAttachFailure;
     CMT_TRACE(kTraceFlow, "[Start]");
     jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_sleep_, static_cast<jint>(state));
+    zel_fnd_exception_left_pending(jnienv_);
     CMT_TRACE(kTraceFlow, "[End]");
     thread_detach();
     return 0;
@@ -204,6 +214,7 @@ unsigned long zel_fnd_common_observer::notify_pbp_connection_error(ESV_ZEL_EVENT
     CMT_TRACE(kTraceFlow, "[Start]");
     jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_communication_error_);  // the kind is not passed on
     CMT_TRACE(kTraceFlow, "[End]");
+    zel_fnd_exception_left_pending(jnienv_);
     thread_detach();
     return 0;
 }
@@ -213,6 +224,7 @@ unsigned long zel_fnd_common_observer::notify_logout(unsigned long reason) {
     CMT_TRACE(kTraceFlow, "[Start]");
     jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_logout_);  // the reason is not passed on
     CMT_TRACE(kTraceFlow, "[End]");
+    zel_fnd_exception_left_pending(jnienv_);
     thread_detach();
     return 0;
 }
@@ -221,6 +233,7 @@ unsigned long zel_fnd_common_observer::network_state_changed(ESV_ZEL_NETWORK_TYP
     if (!thread_attach()) return kAttachFailure;
     CMT_TRACE(kTraceFlow, "[Start]");
     jnienv_->CallStaticVoidMethod(jcls_synchronous_proxy_, mid_network_restart_, static_cast<jint>(type));
+    zel_fnd_exception_left_pending(jnienv_);
     CMT_TRACE(kTraceFlow, "[End]");
     thread_detach();
     return 0;
@@ -230,6 +243,7 @@ unsigned long zel_fnd_common_observer::service_state_changed(ESV_ZEL_ACCEPTANCE_
     if (!thread_attach()) return kAttachFailure;
     CMT_TRACE(kTraceFlow, "[Start]");
     jnienv_->CallStaticVoidMethod(jcls_synchronous_proxy_, mid_system_restart_, static_cast<jint>(type));
+    zel_fnd_exception_left_pending(jnienv_);
     CMT_TRACE(kTraceFlow, "[End]");
     thread_detach();
     return 0;
@@ -242,6 +256,7 @@ unsigned long zel_fnd_common_observer::request_activate(ESV_ZEL_KIND_OF_SCENARIO
     if (kind <= 13 && ((0x2AAAu >> kind) & 1u) != 0) {
         jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_completed_activation_, static_cast<jint>(scenario),
                                       static_cast<jlong>(value));
+        zel_fnd_exception_left_pending(jnienv_);
         CMT_TRACE(kTraceFlow, "[FIN] end. success.");
         thread_detach();
         return 0;
@@ -251,6 +266,7 @@ unsigned long zel_fnd_common_observer::request_activate(ESV_ZEL_KIND_OF_SCENARIO
         // CommonProxy extends SynchronousEventProxy on the Java side, so the pair is valid.
         jboolean ready = jnienv_->CallStaticBooleanMethod(jcls_common_proxy_, mid_prepare_activation_,
                                                           static_cast<jint>(scenario), static_cast<jlong>(value));
+        zel_fnd_exception_left_pending(jnienv_);
         if (ready) {
             CMT_TRACE(kTraceFlow, "success.");
             thread_detach();

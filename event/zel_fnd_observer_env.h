@@ -28,6 +28,11 @@ inline bool zel_fnd_drop_exception(JNIEnv* env) {
     return true;
 }
 
+// Looks at a Java exception thrown by a fire method without clearing it: the exception stays
+// pending for the VM, which reports it when the thread detaches. Only the check is made, so no
+// JNI call follows a pending exception unchecked.
+inline bool zel_fnd_exception_left_pending(JNIEnv* env) { return env->ExceptionCheck() == JNI_TRUE; }
+
 // Finds a class by its path and keeps it as a global reference; false (nothing pending) when
 // it cannot be found.
 inline bool zel_fnd_find_global_class(JNIEnv* env, const char* path, jclass* out) {

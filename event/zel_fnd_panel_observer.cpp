@@ -44,14 +44,15 @@ int zel_fnd_panel_observer::thread_detach() {
     return vm_->DetachCurrentThread();
 }
 
-// A Java exception thrown by a fire method stays pending: the thread detaches right after,
-// and no further JNI call is made.
+// A Java exception thrown by a fire method stays pending: it is checked but not cleared, the
+// thread detaches right after, and no further JNI call is made.
 
 unsigned long zel_fnd_panel_observer::notify_key_event(unsigned int id, ESV_ZEL_PANEL_KEY_EVENT event) {
     if (!thread_attach()) return kAttachFailure;
     CMT_TRACE(kTraceFlow, "[Start]");
     // Only the application id reaches Java; the kind of key event does not.
     jnienv_->CallStaticVoidMethod(jcls_panel_proxy_, mid_appl_start_, static_cast<jlong>(id));
+    zel_fnd_exception_left_pending(jnienv_);
     CMT_TRACE(kTraceFlow, "[End]");
     thread_detach();
     return 0;
@@ -61,6 +62,7 @@ unsigned long zel_fnd_panel_observer::notify_auto_panel_reset() {
     if (!thread_attach()) return kAttachFailure;
     CMT_TRACE(kTraceFlow, "[Start]");
     jnienv_->CallStaticVoidMethod(jcls_panel_proxy_, mid_auto_reset_);
+    zel_fnd_exception_left_pending(jnienv_);
     CMT_TRACE(kTraceFlow, "[End]");
     thread_detach();
     return 0;

@@ -1,0 +1,141 @@
+package tarnwick.tests.event;
+
+import java.util.ArrayList;
+import java.util.Collections;
+import java.util.List;
+import java.util.regex.Matcher;
+import java.util.regex.Pattern;
+import tarnwick.sim.SimDevice;
+import tarnwick.sim.SimEvents;
+import tarnwick.zel.controller.event.device.ICCardInfo;
+import tarnwick.zel.controller.event.job.InterpreterInfo;
+import tarnwick.zel.controller.event.job.Job;
+import tarnwick.zel.controller.event.job.JobLogInfo;
+import tarnwick.zel.controller.event.proxy.AccProxy;
+import tarnwick.zel.controller.event.proxy.CommonProxy;
+import tarnwick.zel.controller.event.proxy.JobInfoProxy;
+import tarnwick.zel.controller.event.proxy.JobProxy;
+import tarnwick.zel.controller.event.proxy.PanelProxy;
+import tarnwick.zel.controller.event.proxy.SynchronousEventProxy;
+import tarnwick.zel.wrapper.event.ZELFNDEventJNI;
+
+/** A started event manager, listeners that record every event as text, and trace helpers. */
+final class EventFixture implements AutoCloseable {
+    static {
+        System.loadLibrary("tovrCMT");
+    }
+
+    final List<String> events = Collections.synchronizedList(new ArrayList<>());
+    final List<Object> objects = Collections.synchronizedList(new ArrayList<>());
+    volatile boolean prepareAnswer = true;
+    volatile RuntimeException throwFromListeners;
+    long manager;
+
+    EventFixture() {
+        this(true);
+    }
+
+    EventFixture(boolean start) {
+        SimDevice.reset();
+        SimEvents.failAttach(0);
+        removeListeners();
+        addListeners();
+        manager = ZELFNDEventJNI.new_zel_fnd_event_manager();
+        if (start) ZELFNDEventJNI.zel_fnd_event_manager_init(manager, null);
+        SimDevice.clearTrace();
+        SimDevice.clearCalls();
+    }
+
+    @Override
+    public void close() {
+        SimEvents.failAttach(0);
+        ZELFNDEventJNI.delete_zel_fnd_event_manager(manager);
+        manager = 0;
+        removeListeners();
+    }
+
+    static void removeListeners() {
+        CommonProxy.removeAllListeners();
+        SynchronousEventProxy.removeAllListeners();
+        JobProxy.removeAllListeners();
+        JobInfoProxy.removeAllListeners();
+        AccProxy.removeAllListeners();
+        PanelProxy.removeAllListeners();
+    }
+
+    private void record(String event) {
+        events.add(event);
+        RuntimeException e = throwFromListeners;
+        if (e != null) throw e;
+    }
+
+    private void addListeners() {
+        CommonProxy.addListener(new CommonProxy.Listener() {
+            @Override public void logout() { record("logout"); }
+            @Override public void communicationError() { record("communicationError"); }
+            @Override public void sleep(int state) { record("sleep " + state); }
+            @Override public void completedActivation(int scenario, long value) { record("completedActivation " + scenario + " " + value); }
+            @Override public void usbDevice(int status) { record("usbDevice " + status); }
+            @Override public void coinVendor(int status) { record("coinVendor " + status); }
+            @Override public void tonerLevel(short first, short second) { record("tonerLevel " + first + " " + second); }
+            @Override public void paperSourceLevel(int source, short level) { record("paperSourceLevel " + source + " " + level); }
+            @Override public void cover(long status) { record("cover " + status); }
+            @Override public void wasteToner(short status) { record("wasteToner " + status); }
+            @Override public void keyDevice(int status) { record("keyDevice " + status); }
+        });
+        SynchronousEventProxy.addListener(new SynchronousEventProxy.Listener() {
+            @Override public void systemRestart(int type) { record("systemRestart " + type); }
+            @Override public void networkRestart(int type) { record("networkRestart " + type); }
+            @Override public boolean prepareActivation(int scenario, long value) {
+                record("prepareActivation " + scenario + " " + value);
+                return prepareAnswer;
+            }
+            @Override public void residentAppsStateChanged(int state) { record("residentAppsStateChanged " + state); }
+        });
+        JobProxy.addListener(new JobProxy.Listener() {
+            @Override public void jobStateChanged(Job job) {
+                objects.add(job);
+                record("jobStateChanged " + job.getJobid() + " " + job.getState() + " " + job.getJobMode() + " "
+                        + job.getUserName() + " " + job.getIndev() + " " + job.getOutdev());
+            }
+            @Override public void scanCount(long a, long b) { record("scanCount " + a + " " + b); }
+            @Override public void startProhibition(long id) { record("startProhibition " + id); }
+            @Override public void combConstraint(long id) { record("combConstraint " + id); }
+            @Override public void panelMessageUpdate(long id) { record("panelMessageUpdate " + id); }
+        });
+        JobInfoProxy.addListener(new JobInfoProxy.Listener() {
+            @Override public void page(Object info) { objects.add(info); record("page " + info); }
+            @Override public void jobLog(JobLogInfo info) { objects.add(info); record("jobLog " + info); }
+            @Override public void interpreter(InterpreterInfo info) { objects.add(info); record("interpreter " + info); }
+        });
+        AccProxy.addListener(new AccProxy.Listener() {
+            @Override public void icCard(ICCardInfo info) { objects.add(info); record("icCard " + info.getCardId()); }
+            @Override public void icCardError(int code) { record("icCardError " + code); }
+            @Override public void icCardDevice(int vendor, int product, boolean connected, byte types) {
+                record("icCardDevice " + vendor + " " + product + " " + connected + " " + types);
+            }
+        });
+        PanelProxy.addListener(new PanelProxy.Listener() {
+            @Override public void applStart(long id) { record("applStart " + id); }
+            @Override public void autoReset() { record("autoReset"); }
+        });
+    }
+
+    private static final Pattern LINE = Pattern.compile("^(\\d+) (\\w+)\\[(\\d{4,})\\]::(\\w+),(.*)$");
+
+    /** Trace lines of one source module as "level operation,message" (line numbers left out). */
+    static List<String> trace(String module) {
+        List<String> out = new ArrayList<>();
+        for (String line : SimDevice.traceLines()) {
+            Matcher m = LINE.matcher(line);
+            if (m.matches() && m.group(2).equals(module)) out.add(m.group(1) + " " + m.group(4) + "," + m.group(5));
+        }
+        return out;
+    }
+
+    static List<String> list(String... items) {
+        List<String> out = new ArrayList<>();
+        Collections.addAll(out, items);
+        return out;
+    }
+}
