@@ -159,3 +159,14 @@ TEST(CJvmJvm, DestroyJVMWithoutAVmReturnsZero) {
     EXPECT_EQ(nullptr, CJvm::GetJNIEnv());
     CJvm::ms_jvm = kept;
 }
+
+// Declared last: it ends the process's VM.
+TEST(CJvmJvm, DestroyJVMDestroysTheVmAndForgetsIt) {
+    CJvm::CreateJVM();
+    ASSERT_EQ(g_vm, CJvm::ms_jvm);
+    EXPECT_EQ(JNI_OK, CJvm::DestroyJVM());
+    EXPECT_EQ(nullptr, CJvm::ms_jvm);
+    EXPECT_EQ(nullptr, CJvm::GetJNIEnv());
+    EXPECT_EQ(0, CJvm::DestroyJVM());
+    EXPECT_EQ(0, CJvm::DetachThread());
+}
