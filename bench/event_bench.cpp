@@ -65,6 +65,15 @@ bool start_vm() {
     return true;
 }
 
+// Starts the VM once, on the first benchmark's thread.
+void ensure_vm() {
+    static const bool ready = start_vm();
+    if (!ready) {
+        std::fprintf(stderr, "cannot start the Java VM with %s\n", class_path().c_str());
+        std::exit(1);
+    }
+}
+
 // The floor: what any notification costs at least.
 void floor_once(jlong value) {
     JNIEnv* env = nullptr;
@@ -75,12 +84,14 @@ void floor_once(jlong value) {
 }
 
 void BM_Floor(benchmark::State& state) {
+    ensure_vm();
     jlong i = 0;
     for (auto _ : state) floor_once(++i);
     state.SetItemsProcessed(state.iterations());
 }
 
 void BM_JobScanCount(benchmark::State& state) {
+    ensure_vm();
     unsigned int i = 0;
     for (auto _ : state) {
         ++i;
@@ -90,6 +101,7 @@ void BM_JobScanCount(benchmark::State& state) {
 }
 
 void BM_JobStateChanged(benchmark::State& state) {
+    ensure_vm();
     ESV_ZEL_JOB_STATE s;
     std::memset(&s, 0, sizeof s);
     s.state = 1;
@@ -104,6 +116,7 @@ void BM_JobStateChanged(benchmark::State& state) {
 
 // Four observers, four facades, a thread each.
 void BM_FourObservers(benchmark::State& state) {
+    ensure_vm();
     unsigned int i = 0;
     const int which = state.thread_index() % 4;
     for (auto _ : state) {
@@ -138,13 +151,4 @@ BENCHMARK(BM_JobStateChanged)->UseRealTime();
 BENCHMARK(BM_Floor)->Threads(4)->UseRealTime();
 BENCHMARK(BM_FourObservers)->Threads(4)->UseRealTime();
 
-int main(int argc, char** argv) {
-    if (!start_vm()) {
-        std::fprintf(stderr, "cannot start the Java VM with %s\n", class_path().c_str());
-        return 1;
-    }
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}
+BENCHMARK_MAIN();
