@@ -54,7 +54,7 @@ class JobLogModuleTest {
     }
 
     @Test
-    void designedTextEdges() {
+    void textFieldEdges() {
         long log = zel_fnd_job_log_moduleJNI.new_ESV_ZEL_JOBINFO_JOBLOG();
         zel_fnd_job_log_moduleJNI.ESV_ZEL_JOBINFO_JOBLOG_dept_code_set(log, null, "ABCDEFGHIJKL");
         assertEquals("ABCDEFGH", zel_fnd_job_log_moduleJNI.ESV_ZEL_JOBINFO_JOBLOG_dept_code_get(log, null));

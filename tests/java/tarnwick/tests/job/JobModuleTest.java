@@ -78,7 +78,7 @@ class JobModuleTest {
     }
 
     @Test
-    void designedTextEdges() {
+    void textFieldEdges() {
         long fax = zel_fnd_job_moduleJNI.new_ESV_ZEL_JOB_SEND_INFO_FAX();
         String thirty = "123456789012345678901234567890";
         zel_fnd_job_moduleJNI.ESV_ZEL_JOB_SEND_INFO_FAX_sub_address_set(fax, null, thirty);

@@ -130,8 +130,8 @@ final class RecordFields {
             } else if (kind.startsWith("rec:")) {
                 // "rec:TYPE", or "rec:TYPE@member:MEMBERTYPE" for a union of records (probed
                 // through its member).
-                String spec = kind.substring(4);
-                String type = spec.contains("@") ? spec.substring(0, spec.indexOf('@')) : spec;
+                String target = kind.substring(4);
+                String type = target.contains("@") ? target.substring(0, target.indexOf('@')) : target;
                 long inner = (Long) get(record, name, h);
                 assertNotEquals(0L, inner);
                 assertEquals(inner, (long) (Long) get(record, name, h), "a handle into the record, not a copy");
@@ -139,9 +139,9 @@ final class RecordFields {
                 String probeType = type;
                 long srcProbe = src;
                 long innerProbe = inner;
-                if (spec.contains("@")) {
-                    String member = spec.substring(spec.indexOf('@') + 1, spec.indexOf(':'));
-                    probeType = spec.substring(spec.indexOf(':') + 1);
+                if (target.contains("@")) {
+                    String member = target.substring(target.indexOf('@') + 1, target.indexOf(':'));
+                    probeType = target.substring(target.indexOf(':') + 1);
                     srcProbe = (Long) call(type + "_" + member + "_get", src, null);
                     innerProbe = (Long) call(type + "_" + member + "_get", inner, null);
                 }
