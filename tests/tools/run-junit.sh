@@ -1,14 +1,16 @@
 #!/usr/bin/env bash
-# Runs the JUnit suite in one JVM with -Xcheck:jni; any JNI warning fails the run.
-# usage: run-junit.sh JAVA CONSOLE_JAR CLASSPATH LIBRARY_PATH [junit options...]
+# Runs JUnit tests in one JVM with -Xcheck:jni; any JNI warning fails the run.
+# usage: run-junit.sh JAVA CONSOLE_JAR CLASSPATH LIBRARY_PATH [selectors, e.g. --select-class C]
+# Without selectors every test of the first class path entry runs.
 set -uo pipefail
 java=$1 console=$2 cp=$3 libpath=$4
 shift 4
+[ $# -gt 0 ] || set -- --scan-class-path "${cp%%:*}"
 log=$(mktemp)
 trap 'rm -f "$log"' EXIT
 LD_LIBRARY_PATH="$libpath${LD_LIBRARY_PATH:+:$LD_LIBRARY_PATH}" \
   "$java" -Xcheck:jni -Djava.library.path="$libpath" -jar "$console" \
-  --class-path "$cp" --scan-class-path "${cp%%:*}" --disable-banner --details=summary \
+  --class-path "$cp" --disable-banner --details=summary \
   --fail-if-no-tests "$@" 2>&1 | tee "$log"
 rc=${PIPESTATUS[0]}
 if grep -q "WARNING in native method" "$log"; then
