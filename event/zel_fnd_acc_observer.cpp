@@ -51,35 +51,19 @@ int zel_fnd_acc_observer::init() {
     if (zel_fnd_find_global_class(jnienv_, "tarnwick/zel/controller/event/proxy/AccProxy", &jcls_acc_proxy_) &&
         zel_fnd_find_global_class(jnienv_, "tarnwick/zel/controller/event/device/ICCardInfo", &jcls_iccard_info_) &&
         zel_fnd_find_global_class(jnienv_, "tarnwick/zel/controller/event/device/SystemData", &jcls_system_data_)) {
-        struct {
-            const char* name;
-            const char* signature;
-            jmethodID* member;
-        } const lookups[] = {
-            {"fireICCardEvent", "(Ltarnwick/zel/controller/event/device/ICCardInfo;)V", &mid_iccard_},
-            {"fireICCardErrorEvent", "(I)V", &mid_iccard_error_},
-            {"fireICCardDeviceEvent", "(IIZB)V", &mid_iccard_device_},
+        const zel_fnd_static_method methods[] = {
+            {&jcls_acc_proxy_, "fireICCardEvent", "(Ltarnwick/zel/controller/event/device/ICCardInfo;)V", &mid_iccard_},
+            {&jcls_acc_proxy_, "fireICCardErrorEvent", "(I)V", &mid_iccard_error_},
+            {&jcls_acc_proxy_, "fireICCardDeviceEvent", "(IIZB)V", &mid_iccard_device_},
         };
-        for (const auto& l : lookups) {
-            *l.member = jnienv_->GetStaticMethodID(jcls_acc_proxy_, l.name, l.signature);
-            if (*l.member == nullptr) {
-                zel_fnd_drop_exception(jnienv_);
-                break;
-            }
-        }
+        zel_fnd_lookup_static_methods(jnienv_, methods);
     }
     return thread_detach();
 }
 
-bool zel_fnd_acc_observer::thread_attach() {
-    if (vm_ == nullptr) return false;
-    return vm_->AttachCurrentThread(reinterpret_cast<void**>(&jnienv_), nullptr) == JNI_OK;
-}
+bool zel_fnd_acc_observer::thread_attach() { return zel_fnd_thread_attach(vm_, &jnienv_); }
 
-int zel_fnd_acc_observer::thread_detach() {
-    if (vm_ == nullptr) return JNI_ERR;
-    return vm_->DetachCurrentThread();
-}
+int zel_fnd_acc_observer::thread_detach() { return zel_fnd_thread_detach(vm_); }
 
 // Every failure: one error trace, the pending exception (if any) described and cleared, detach.
 // Local references made so far go with the detach.

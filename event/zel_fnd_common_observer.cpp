@@ -14,13 +14,6 @@ namespace {
 const char kCommonProxy[] = "tarnwick/zel/controller/event/proxy/CommonProxy";
 const char kSynchronousProxy[] = "tarnwick/zel/controller/event/proxy/SynchronousEventProxy";
 
-struct Lookup {
-    bool synchronous;  // on SynchronousEventProxy, else on CommonProxy
-    const char* name;
-    const char* signature;
-    jmethodID zel_fnd_common_observer::*member;
-};
-
 }  // namespace
 
 
@@ -54,54 +47,37 @@ zel_fnd_common_observer::~zel_fnd_common_observer() {
 }
 
 int zel_fnd_common_observer::init() {
-    // Method lookups in their order; the first that fails ends them.
-#define LOOKUP(sync, name, sig, member) {sync, name, sig, &zel_fnd_common_observer::member}
-    static const Lookup lookups[] = {
-        LOOKUP(false, "fireLogoutEvent", "()V", mid_logout_),
-        LOOKUP(false, "fireCommunicationErrorEvent", "()V", mid_communication_error_),
-        LOOKUP(false, "fireSleepEvent", "(I)V", mid_sleep_),
-        LOOKUP(false, "fireCompletedActivationEvent", "(IJ)V", mid_completed_activation_),
-        LOOKUP(false, "fireUSBDeviceEvent", "(I)V", mid_usb_device_),
-        LOOKUP(false, "fireCoinVendorEvent", "(I)V", mid_coin_vendor_),
-        LOOKUP(false, "fireTonerLevelEvent", "(SS)V", mid_toner_level_),
-        LOOKUP(false, "firePaperSourceLevelEvent", "(IS)V", mid_paper_source_level_),
-        LOOKUP(false, "fireCoverEvent", "(J)V", mid_cover_),
-        LOOKUP(false, "fireWasteTonerEvent", "(S)V", mid_waste_toner_),
-        LOOKUP(false, "fireKeyDeviceEvent", "(I)V", mid_key_device_),
-        LOOKUP(true, "fireSystemRestartEvent", "(I)V", mid_system_restart_),
-        LOOKUP(true, "fireNetworkRestartEvent", "(I)V", mid_network_restart_),
-        LOOKUP(true, "firePrepareActivationEvent", "(IJ)Z", mid_prepare_activation_),
-        LOOKUP(true, "fireResidentAppsStateChanged", "(I)V", mid_resident_apps_),
-    };
-#undef LOOKUP
     jsize count = 0;
     jint rc = JNI_GetCreatedJavaVMs(&vm_, 1, &count);
     if (rc != JNI_OK) return rc;
     if (!thread_attach()) return 0;
     if (zel_fnd_find_global_class(jnienv_, kCommonProxy, &jcls_common_proxy_) &&
         zel_fnd_find_global_class(jnienv_, kSynchronousProxy, &jcls_synchronous_proxy_)) {
-        for (std::size_t i = 0; i < sizeof lookups / sizeof lookups[0]; ++i) {
-            jclass cls = lookups[i].synchronous ? jcls_synchronous_proxy_ : jcls_common_proxy_;
-            jmethodID id = jnienv_->GetStaticMethodID(cls, lookups[i].name, lookups[i].signature);
-            if (id == nullptr) {
-                zel_fnd_drop_exception(jnienv_);
-                break;
-            }
-            this->*lookups[i].member = id;
-        }
+        const zel_fnd_static_method methods[] = {
+            {&jcls_common_proxy_, "fireLogoutEvent", "()V", &mid_logout_},
+            {&jcls_common_proxy_, "fireCommunicationErrorEvent", "()V", &mid_communication_error_},
+            {&jcls_common_proxy_, "fireSleepEvent", "(I)V", &mid_sleep_},
+            {&jcls_common_proxy_, "fireCompletedActivationEvent", "(IJ)V", &mid_completed_activation_},
+            {&jcls_common_proxy_, "fireUSBDeviceEvent", "(I)V", &mid_usb_device_},
+            {&jcls_common_proxy_, "fireCoinVendorEvent", "(I)V", &mid_coin_vendor_},
+            {&jcls_common_proxy_, "fireTonerLevelEvent", "(SS)V", &mid_toner_level_},
+            {&jcls_common_proxy_, "firePaperSourceLevelEvent", "(IS)V", &mid_paper_source_level_},
+            {&jcls_common_proxy_, "fireCoverEvent", "(J)V", &mid_cover_},
+            {&jcls_common_proxy_, "fireWasteTonerEvent", "(S)V", &mid_waste_toner_},
+            {&jcls_common_proxy_, "fireKeyDeviceEvent", "(I)V", &mid_key_device_},
+            {&jcls_synchronous_proxy_, "fireSystemRestartEvent", "(I)V", &mid_system_restart_},
+            {&jcls_synchronous_proxy_, "fireNetworkRestartEvent", "(I)V", &mid_network_restart_},
+            {&jcls_synchronous_proxy_, "firePrepareActivationEvent", "(IJ)Z", &mid_prepare_activation_},
+            {&jcls_synchronous_proxy_, "fireResidentAppsStateChanged", "(I)V", &mid_resident_apps_},
+        };
+        zel_fnd_lookup_static_methods(jnienv_, methods);
     }
     return thread_detach();
 }
 
-bool zel_fnd_common_observer::thread_attach() {
-    if (vm_ == nullptr) return false;
-    return vm_->AttachCurrentThread(reinterpret_cast<void**>(&jnienv_), nullptr) == JNI_OK;
-}
+bool zel_fnd_common_observer::thread_attach() { return zel_fnd_thread_attach(vm_, &jnienv_); }
 
-int zel_fnd_common_observer::thread_detach() {
-    if (vm_ == nullptr) return JNI_ERR;
-    return vm_->DetachCurrentThread();
-}
+int zel_fnd_common_observer::thread_detach() { return zel_fnd_thread_detach(vm_); }
 
 // A Java exception thrown by a fire method stays pending: it is checked but not cleared, the
 // thread detaches right after, and no further JNI call is made.

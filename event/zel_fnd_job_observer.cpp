@@ -50,37 +50,21 @@ int zel_fnd_job_observer::init() {
     if (zel_fnd_find_global_class(jnienv_, kJobProxy, &jcls_job_proxy_) &&
         zel_fnd_find_global_class(jnienv_, kJob, &jcls_job_) &&
         zel_fnd_find_global_class(jnienv_, kJobState, &jcls_job_state_)) {
-        struct {
-            const char* name;
-            const char* signature;
-            jmethodID* member;
-        } const lookups[] = {
-            {"fireJobStateChangedEvent", "(Ltarnwick/zel/controller/event/job/Job;)V", &mid_job_state_changed_},
-            {"fireScanCountEvent", "(JJ)V", &mid_scan_count_},
-            {"fireStartProhibitionEvent", "(J)V", &mid_start_prohibition_},
-            {"fireCombConstraintEvent", "(J)V", &mid_comb_constraint_},
-            {"firePanelMessageUpdateEvent", "(J)V", &mid_panel_message_update_},
+        const zel_fnd_static_method methods[] = {
+            {&jcls_job_proxy_, "fireJobStateChangedEvent", "(Ltarnwick/zel/controller/event/job/Job;)V", &mid_job_state_changed_},
+            {&jcls_job_proxy_, "fireScanCountEvent", "(JJ)V", &mid_scan_count_},
+            {&jcls_job_proxy_, "fireStartProhibitionEvent", "(J)V", &mid_start_prohibition_},
+            {&jcls_job_proxy_, "fireCombConstraintEvent", "(J)V", &mid_comb_constraint_},
+            {&jcls_job_proxy_, "firePanelMessageUpdateEvent", "(J)V", &mid_panel_message_update_},
         };
-        for (const auto& l : lookups) {
-            *l.member = jnienv_->GetStaticMethodID(jcls_job_proxy_, l.name, l.signature);
-            if (*l.member == nullptr) {
-                zel_fnd_drop_exception(jnienv_);
-                break;
-            }
-        }
+        zel_fnd_lookup_static_methods(jnienv_, methods);
     }
     return thread_detach();
 }
 
-bool zel_fnd_job_observer::thread_attach() {
-    if (vm_ == nullptr) return false;
-    return vm_->AttachCurrentThread(reinterpret_cast<void**>(&jnienv_), nullptr) == JNI_OK;
-}
+bool zel_fnd_job_observer::thread_attach() { return zel_fnd_thread_attach(vm_, &jnienv_); }
 
-int zel_fnd_job_observer::thread_detach() {
-    if (vm_ == nullptr) return JNI_ERR;
-    return vm_->DetachCurrentThread();
-}
+int zel_fnd_job_observer::thread_detach() { return zel_fnd_thread_detach(vm_); }
 
 long zel_fnd_job_observer::fire_simple(const char* operation, jmethodID method, jlong first, jlong second,
                                        int count) {

@@ -47,35 +47,19 @@ int zel_fnd_jobinfo_observer::init() {
         zel_fnd_find_global_class(jnienv_, "tarnwick/zel/controller/event/job/JobLogInfo", &jcls_joblog_info_) &&
         zel_fnd_find_global_class(jnienv_, "tarnwick/zel/controller/event/job/InterpreterInfo",
                                   &jcls_interpreter_info_)) {
-        struct {
-            const char* name;
-            const char* signature;
-            jmethodID* member;
-        } const lookups[] = {
-            {"firePageEvent", "(Ljava/lang/Object;)V", &mid_page_},
-            {"fireJobLogEvent", "(Ltarnwick/zel/controller/event/job/JobLogInfo;)V", &mid_job_log_},
-            {"fireInterpreterEvent", "(Ltarnwick/zel/controller/event/job/InterpreterInfo;)V", &mid_interpreter_},
+        const zel_fnd_static_method methods[] = {
+            {&jcls_jobinfo_proxy_, "firePageEvent", "(Ljava/lang/Object;)V", &mid_page_},
+            {&jcls_jobinfo_proxy_, "fireJobLogEvent", "(Ltarnwick/zel/controller/event/job/JobLogInfo;)V", &mid_job_log_},
+            {&jcls_jobinfo_proxy_, "fireInterpreterEvent", "(Ltarnwick/zel/controller/event/job/InterpreterInfo;)V", &mid_interpreter_},
         };
-        for (const auto& l : lookups) {
-            *l.member = jnienv_->GetStaticMethodID(jcls_jobinfo_proxy_, l.name, l.signature);
-            if (*l.member == nullptr) {
-                zel_fnd_drop_exception(jnienv_);
-                break;
-            }
-        }
+        zel_fnd_lookup_static_methods(jnienv_, methods);
     }
     return thread_detach();
 }
 
-bool zel_fnd_jobinfo_observer::thread_attach() {
-    if (vm_ == nullptr) return false;
-    return vm_->AttachCurrentThread(reinterpret_cast<void**>(&jnienv_), nullptr) == JNI_OK;
-}
+bool zel_fnd_jobinfo_observer::thread_attach() { return zel_fnd_thread_attach(vm_, &jnienv_); }
 
-int zel_fnd_jobinfo_observer::thread_detach() {
-    if (vm_ == nullptr) return JNI_ERR;
-    return vm_->DetachCurrentThread();
-}
+int zel_fnd_jobinfo_observer::thread_detach() { return zel_fnd_thread_detach(vm_); }
 
 bool zel_fnd_jobinfo_observer::call_setter(jobject obj, jclass cls, const char* name, const char* signature,
                                            jvalue value) {

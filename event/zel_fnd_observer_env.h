@@ -4,6 +4,8 @@
 
 #include <jni.h>
 
+#include <cstddef>
+
 #include "CJvm.h"
 
 namespace tarnwick {
@@ -48,6 +50,39 @@ inline bool zel_fnd_find_global_class(JNIEnv* env, const char* path, jclass* out
         return false;
     }
     return true;
+}
+
+// Attaches the delivering thread for one notification; the environment lands in *env.
+inline bool zel_fnd_thread_attach(JavaVM* vm, JNIEnv** env) {
+    if (vm == nullptr) return false;
+    return vm->AttachCurrentThread(reinterpret_cast<void**>(env), nullptr) == JNI_OK;
+}
+
+inline int zel_fnd_thread_detach(JavaVM* vm) {
+    if (vm == nullptr) return JNI_ERR;
+    return vm->DetachCurrentThread();
+}
+
+// One static fire method an observer calls.
+struct zel_fnd_static_method {
+    jclass* owner;  // global class reference the method is looked up on
+    const char* name;
+    const char* signature;
+    jmethodID* id;
+};
+
+// Looks the methods up in their order. The first one missing ends the lookups and leaves the
+// IDs after it unset: an observer is registered all the same and its notifications then use
+// what was found.
+template <std::size_t N>
+inline void zel_fnd_lookup_static_methods(JNIEnv* env, const zel_fnd_static_method (&methods)[N]) {
+    for (const zel_fnd_static_method& m : methods) {
+        *m.id = env->GetStaticMethodID(*m.owner, m.name, m.signature);
+        if (*m.id == nullptr) {
+            zel_fnd_drop_exception(env);
+            return;
+        }
+    }
 }
 
 // Deletes a global class reference that may never have been made.

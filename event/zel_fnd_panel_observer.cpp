@@ -34,15 +34,9 @@ int zel_fnd_panel_observer::init() {
     return thread_detach();
 }
 
-bool zel_fnd_panel_observer::thread_attach() {
-    if (vm_ == nullptr) return false;
-    return vm_->AttachCurrentThread(reinterpret_cast<void**>(&jnienv_), nullptr) == JNI_OK;
-}
+bool zel_fnd_panel_observer::thread_attach() { return zel_fnd_thread_attach(vm_, &jnienv_); }
 
-int zel_fnd_panel_observer::thread_detach() {
-    if (vm_ == nullptr) return JNI_ERR;
-    return vm_->DetachCurrentThread();
-}
+int zel_fnd_panel_observer::thread_detach() { return zel_fnd_thread_detach(vm_); }
 
 // A Java exception thrown by a fire method stays pending: it is checked but not cleared, the
 // thread detaches right after, and no further JNI call is made.
