@@ -81,148 +81,98 @@ int zel_fnd_common_observer::thread_detach() { return zel_fnd_thread_detach(vm_)
 
 // A Java exception thrown by a fire method stays pending: it is checked but not cleared, the
 // thread detaches right after, and no further JNI call is made.
-
-unsigned long zel_fnd_common_observer::notify_key_card_status(unsigned char status) {
+template <typename... Args>
+unsigned long zel_fnd_common_observer::forward(const char* operation, const int* status, jclass cls,
+                                               jmethodID method, Args... args) {
     if (!thread_attach()) return kAttachFailure;
-    CMT_TRACE(kTraceFlow, "[Start]. status = [%d]", static_cast<int>(status));
-    jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_key_device_, static_cast<jint>(status));
+    if (status != nullptr) {
+        CMT_TRACE_OP(kTraceFlow, operation, "[Start]. status = [%d]", *status);
+    } else {
+        CMT_TRACE_OP(kTraceFlow, operation, "[Start]");
+    }
+    jnienv_->CallStaticVoidMethod(cls, method, args...);
     zel_fnd_exception_left_pending(jnienv_);
-    CMT_TRACE(kTraceFlow, "[End]");
+    CMT_TRACE_OP(kTraceFlow, operation, "[End]");
     thread_detach();
     return 0;
+}
+
+unsigned long zel_fnd_common_observer::notify_key_card_status(unsigned char status) {
+    const int traced = static_cast<int>(status);
+    return forward("notify_key_card_status", &traced,
+                   jcls_common_proxy_, mid_key_device_, static_cast<jint>(status));
 }
 
 unsigned long zel_fnd_common_observer::notify_key_counter_status(unsigned int status) {
-    if (!thread_attach()) return kAttachFailure;
-    CMT_TRACE(kTraceFlow, "[Start]. status = [%d]", static_cast<int>(status));
-    jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_key_device_, static_cast<jint>(status));
-    zel_fnd_exception_left_pending(jnienv_);
-    CMT_TRACE(kTraceFlow, "[End]");
-    thread_detach();
-    return 0;
+    const int traced = static_cast<int>(status);
+    return forward("notify_key_counter_status", &traced,
+                   jcls_common_proxy_, mid_key_device_, static_cast<jint>(status));
 }
 
 unsigned long zel_fnd_common_observer::notify_resident_app_state_changed(ESV_ZEL_REQ_APP_STATE state) {
-    if (!thread_attach()) return kAttachFailure;
-    CMT_TRACE(kTraceFlow, "[Start]");
-    jnienv_->CallStaticVoidMethod(jcls_synchronous_proxy_, mid_resident_apps_, static_cast<jint>(state));
-    zel_fnd_exception_left_pending(jnienv_);
-    CMT_TRACE(kTraceFlow, "[End]");
-    thread_detach();
-    return 0;
+    return forward("notify_resident_app_state_changed", nullptr,
+                   jcls_synchronous_proxy_, mid_resident_apps_, static_cast<jint>(state));
 }
 
 unsigned long zel_fnd_common_observer::notify_waste_toner_bottle_status(unsigned char status) {
-    if (!thread_attach()) return kAttachFailure;
-    CMT_TRACE(kTraceFlow, "[Start]");
-    jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_waste_toner_, static_cast<jshort>(status));
-    zel_fnd_exception_left_pending(jnienv_);
-    CMT_TRACE(kTraceFlow, "[End]");
-    thread_detach();
-    return 0;
+    return forward("notify_waste_toner_bottle_status", nullptr,
+                   jcls_common_proxy_, mid_waste_toner_, static_cast<jshort>(status));
 }
 
 unsigned long zel_fnd_common_observer::notify_cover_status(unsigned int status) {
-    if (!thread_attach()) return kAttachFailure;
-    CMT_TRACE(kTraceFlow, "[Start]");
-    jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_cover_, static_cast<jlong>(status));
-    zel_fnd_exception_left_pending(jnienv_);
-    CMT_TRACE(kTraceFlow, "[End]");
-    thread_detach();
-    return 0;
+    return forward("notify_cover_status", nullptr,
+                   jcls_common_proxy_, mid_cover_, static_cast<jlong>(status));
 }
 
 unsigned long zel_fnd_common_observer::notify_paper_rest_status(unsigned short source, unsigned char level) {
-    if (!thread_attach()) return kAttachFailure;
-    CMT_TRACE(kTraceFlow, "[Start]");
-    jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_paper_source_level_, static_cast<jint>(source),
-                                  static_cast<jshort>(level));
-    zel_fnd_exception_left_pending(jnienv_);
-    CMT_TRACE(kTraceFlow, "[End]");
-    thread_detach();
-    return 0;
+    return forward("notify_paper_rest_status", nullptr,
+                   jcls_common_proxy_, mid_paper_source_level_, static_cast<jint>(source),
+                   static_cast<jshort>(level));
 }
 
 unsigned long zel_fnd_common_observer::notify_toner_status(unsigned char first, unsigned char second) {
-    if (!thread_attach()) return kAttachFailure;
-    CMT_TRACE(kTraceFlow, "[Start]");
     // Java receives the two levels the other way round; applications rely on that order.
-    jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_toner_level_, static_cast<jshort>(second),
-                                  static_cast<jshort>(first));
-    zel_fnd_exception_left_pending(jnienv_);
-    CMT_TRACE(kTraceFlow, "[End]");
-    thread_detach();
-    return 0;
+    return forward("notify_toner_status", nullptr, jcls_common_proxy_, mid_toner_level_,
+                   static_cast<jshort>(second), static_cast<jshort>(first));
 }
 
 unsigned long zel_fnd_common_observer::notify_coin_vender_status(unsigned int status) {
-    if (!thread_attach()) return kAttachFailure;
-    CMT_TRACE(kTraceFlow, "[Start]. status = [%d]", static_cast<int>(status));
-    jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_coin_vendor_, static_cast<jint>(status));
-    zel_fnd_exception_left_pending(jnienv_);
-    CMT_TRACE(kTraceFlow, "[End]");
-    thread_detach();
-    return 0;
+    const int traced = static_cast<int>(status);
+    return forward("notify_coin_vender_status", &traced,
+                   jcls_common_proxy_, mid_coin_vendor_, static_cast<jint>(status));
 }
 
 unsigned long zel_fnd_common_observer::notify_usb_memory_status(unsigned int status) {
-    if (!thread_attach()) return kAttachFailure;
-    CMT_TRACE(kTraceFlow, "[Start]. status = [%d]", static_cast<int>(status));
-    jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_usb_device_, static_cast<jint>(status));
-    zel_fnd_exception_left_pending(jnienv_);
-    CMT_TRACE(kTraceFlow, "[End]");
-    thread_detach();
-    return 0;
+    const int traced = static_cast<int>(status);
+    return forward("notify_usb_memory_status", &traced,
+                   jcls_common_proxy_, mid_usb_device_, static_cast<jint>(status));
 }
 
 unsigned long zel_fnd_common_observer::notify_sleep(ESV_ZEL_EVENT_SLEEP_STATE state) {
-    if (!thread_attach()) return kAttachFailure;
-    CMT_TRACE(kTraceFlow, "[Start]");
-    jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_sleep_, static_cast<jint>(state));
-    zel_fnd_exception_left_pending(jnienv_);
-    CMT_TRACE(kTraceFlow, "[End]");
-    thread_detach();
-    return 0;
+    return forward("notify_sleep", nullptr,
+                   jcls_common_proxy_, mid_sleep_, static_cast<jint>(state));
 }
 
 unsigned long zel_fnd_common_observer::notify_pbp_connection_error(ESV_ZEL_EVENT_CONNECTION_ERROR error) {
-    if (!thread_attach()) return kAttachFailure;
-    CMT_TRACE(kTraceFlow, "[Start]");
-    jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_communication_error_);  // the kind is not passed on
-    CMT_TRACE(kTraceFlow, "[End]");
-    zel_fnd_exception_left_pending(jnienv_);
-    thread_detach();
-    return 0;
+    // The error kind is not passed on to Java.
+    return forward("notify_pbp_connection_error", nullptr,
+                   jcls_common_proxy_, mid_communication_error_);
 }
 
 unsigned long zel_fnd_common_observer::notify_logout(unsigned long reason) {
-    if (!thread_attach()) return kAttachFailure;
-    CMT_TRACE(kTraceFlow, "[Start]");
-    jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_logout_);  // the reason is not passed on
-    CMT_TRACE(kTraceFlow, "[End]");
-    zel_fnd_exception_left_pending(jnienv_);
-    thread_detach();
-    return 0;
+    // The logout reason is not passed on to Java.
+    return forward("notify_logout", nullptr,
+                   jcls_common_proxy_, mid_logout_);
 }
 
 unsigned long zel_fnd_common_observer::network_state_changed(ESV_ZEL_NETWORK_TYPE type) {
-    if (!thread_attach()) return kAttachFailure;
-    CMT_TRACE(kTraceFlow, "[Start]");
-    jnienv_->CallStaticVoidMethod(jcls_synchronous_proxy_, mid_network_restart_, static_cast<jint>(type));
-    zel_fnd_exception_left_pending(jnienv_);
-    CMT_TRACE(kTraceFlow, "[End]");
-    thread_detach();
-    return 0;
+    return forward("network_state_changed", nullptr,
+                   jcls_synchronous_proxy_, mid_network_restart_, static_cast<jint>(type));
 }
 
 unsigned long zel_fnd_common_observer::service_state_changed(ESV_ZEL_ACCEPTANCE_TYPE type) {
-    if (!thread_attach()) return kAttachFailure;
-    CMT_TRACE(kTraceFlow, "[Start]");
-    jnienv_->CallStaticVoidMethod(jcls_synchronous_proxy_, mid_system_restart_, static_cast<jint>(type));
-    zel_fnd_exception_left_pending(jnienv_);
-    CMT_TRACE(kTraceFlow, "[End]");
-    thread_detach();
-    return 0;
+    return forward("service_state_changed", nullptr,
+                   jcls_synchronous_proxy_, mid_system_restart_, static_cast<jint>(type));
 }
 
 unsigned long zel_fnd_common_observer::request_activate(ESV_ZEL_KIND_OF_SCENARIO scenario, unsigned int value) {

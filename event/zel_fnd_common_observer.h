@@ -43,6 +43,12 @@ private:
     zel_fnd_common_observer(const zel_fnd_common_observer&) = delete;
     zel_fnd_common_observer& operator=(const zel_fnd_common_observer&) = delete;
 
+    // The shape of every notification that only forwards to a static void method: attach,
+    // "[Start]" (with the status when one is given), call, "[End]", detach.
+    template <typename... Args>
+    unsigned long forward(const char* operation, const int* status, jclass cls, jmethodID method,
+                          Args... args);
+
     JavaVM* vm_;
     JNIEnv* jnienv_;
     jclass jcls_common_proxy_;
