@@ -1,3 +1,7 @@
+# A jar's consumers order themselves on its target (add_dependencies). One in the same folder
+# never lists the jar file in its DEPENDS, only what the jar is made from: under the Makefile
+# generator a file dependency copies the jar's rule into the consumer and runs it concurrently.
+#
 # The Java side: SWIG's module and proxy classes with the host framework classes the library
 # calls back (tovrCMT.jar), and the simulated device's control classes (tovrsim.jar).
 find_program(JAVAC_EXECUTABLE javac PATHS ${JAVA_HOME}/bin NO_DEFAULT_PATH REQUIRED)
@@ -6,16 +10,18 @@ find_program(JAVA_EXECUTABLE java PATHS ${JAVA_HOME}/bin NO_DEFAULT_PATH REQUIRE
 
 set(TOVR_JAVAC_JAR ${CMAKE_SOURCE_DIR}/cmake/javac-jar.sh)
 set(TOVR_JAR ${CMAKE_BINARY_DIR}/java/tovrCMT.jar)
-get_property(java_stamps GLOBAL PROPERTY TOVR_JAVA_STAMPS)
+get_property(swig_inputs GLOBAL PROPERTY TOVR_SWIG_INPUTS)
+list(REMOVE_DUPLICATES swig_inputs)
 file(GLOB_RECURSE framework_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/java/src/*.java)
 add_custom_command(
   OUTPUT ${TOVR_JAR}
   COMMAND ${TOVR_JAVAC_JAR} ${JAVAC_EXECUTABLE} ${JAR_EXECUTABLE} ${TOVR_JAR} -
           ${CMAKE_BINARY_DIR}/java/gen ${CMAKE_SOURCE_DIR}/java/src
-  DEPENDS ${java_stamps} ${framework_sources} ${TOVR_JAVAC_JAR}
+  DEPENDS ${swig_inputs} ${framework_sources} ${TOVR_JAVAC_JAR}
   COMMENT "javac -> tovrCMT.jar"
   VERBATIM)
 add_custom_target(tovr_jar ALL DEPENDS ${TOVR_JAR})
+add_dependencies(tovr_jar tovrCMT)
 
 if(TOVR_PLATFORM STREQUAL "host")
   set(TOVR_SIM_JAR ${CMAKE_BINARY_DIR}/java/tovrsim.jar)
@@ -24,10 +30,13 @@ if(TOVR_PLATFORM STREQUAL "host")
     OUTPUT ${TOVR_SIM_JAR}
     COMMAND ${TOVR_JAVAC_JAR} ${JAVAC_EXECUTABLE} ${JAR_EXECUTABLE} ${TOVR_SIM_JAR} ${TOVR_JAR}
             ${CMAKE_SOURCE_DIR}/platform/sim/java
-    DEPENDS ${sim_java_sources} ${TOVR_JAR} ${TOVR_JAVAC_JAR}
+    DEPENDS ${sim_java_sources} ${swig_inputs} ${framework_sources} ${TOVR_JAVAC_JAR}
     COMMENT "javac -> tovrsim.jar"
     VERBATIM)
   add_custom_target(tovr_sim_jar ALL DEPENDS ${TOVR_SIM_JAR})
+  # Ordered on the target, not on the jar file: a file dependency would copy the jar's rule
+  # into this target.
+  add_dependencies(tovr_sim_jar tovr_jar)
 
   # JNI side of the control classes: test and tool code, never part of libtovrCMT.so.
   file(GLOB sim_jni_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/platform/sim/jni/*.cpp)
