@@ -171,6 +171,34 @@ int outstanding_blocks() {
     return static_cast<int>(s.blocks.size());
 }
 
+namespace {
+std::mutex& resources_mutex() {
+    static std::mutex* m = new std::mutex;
+    return *m;
+}
+std::map<std::string, int>& resources() {
+    static auto* r = new std::map<std::string, int>;
+    return *r;
+}
+}  // namespace
+
+void resource_opened(const std::string& kind) {
+    std::lock_guard<std::mutex> lock(resources_mutex());
+    ++resources()[kind];
+}
+
+void resource_closed(const std::string& kind) {
+    std::lock_guard<std::mutex> lock(resources_mutex());
+    --resources()[kind];
+}
+
+int open_resources(const std::string& kind) {
+    if (kind == "platform block") return outstanding_blocks();
+    std::lock_guard<std::mutex> lock(resources_mutex());
+    auto it = resources().find(kind);
+    return it == resources().end() ? 0 : it->second;
+}
+
 void fail_alloc(int times) {
     State& s = state();
     std::lock_guard<std::mutex> lock(s.mutex);

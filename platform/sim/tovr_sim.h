@@ -70,6 +70,44 @@ std::string arg(T v) {
     }
 }
 
+// What a forcing reaches for one argument: the object a pointer points at, else the argument.
+template <typename T>
+void* param(T& v) {
+    if constexpr (std::is_pointer_v<T>) {
+        return const_cast<void*>(static_cast<const void*>(v));
+    } else {
+        return const_cast<void*>(static_cast<const void*>(&v));
+    }
+}
+
+// Formats an argument for the record; a record (class type other than a string) is shown by
+// its address, as a pointer would be.
+template <typename T>
+std::string arg_of(const T& v) {
+    using U = std::decay_t<T>;
+    if constexpr (std::is_class_v<U> && !std::is_same_v<U, std::string>) {
+        return arg(static_cast<const void*>(&v));
+    } else {
+        return arg(v);
+    }
+}
+
+// intercept() with each argument named once: records `op` with the arguments formatted by
+// arg_of() and hands a forcing each argument's address (see param()).
+template <typename... A>
+bool record(const char* op, long* result, A&... a) {
+    return intercept(op, {arg_of(a)...}, Params{param(a)...}, result);
+}
+
+// First statement of a simulated facade member: records the call under the member's own name
+// and returns a forced answer, converted to the member's result type, when one is armed.
+#define TOVR_SIM_RECORD(RESULT_TYPE, ...)                                                  \
+    do {                                                                                   \
+        long tovr_forced_ = 0;                                                             \
+        if (::tovr_sim::record(__func__, &tovr_forced_, ##__VA_ARGS__))                    \
+            return static_cast<RESULT_TYPE>(tovr_forced_);                                 \
+    } while (0)
+
 // ---------------------------------------------------------------------------------------------
 // Trace
 
@@ -102,6 +140,14 @@ void force_process_init_result(int result, int times = 1);
 int outstanding_blocks();
 // The next `times` emwOSWSubAllocMem calls return null.
 void fail_alloc(int times = 1);
+
+// Open resources of the simulated device by kind ("platform block" is counted by the memory
+// functions themselves; facades count their own list handles, file handles, cursors ...), so
+// a test can assert that nothing was left open. A facade calls resource_opened when it hands a
+// resource out and resource_closed when the library gives it back.
+void resource_opened(const std::string& kind);
+void resource_closed(const std::string& kind);
+int open_resources(const std::string& kind);
 
 // Named IPC partitions (emwOSWIpcCreateMemPart; its result and that of
 // emwOSWIpcGetBlockByIdMemPart can be forced like any facade call). A partition is made on its

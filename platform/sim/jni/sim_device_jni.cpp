@@ -65,6 +65,10 @@ JNIEXPORT jobjectArray JNICALL Java_tarnwick_sim_SimDevice_allCalls(JNIEnv* env,
     return to_java(env, out);
 }
 
+JNIEXPORT jint JNICALL Java_tarnwick_sim_SimDevice_openResources(JNIEnv* env, jclass, jstring kind) {
+    return tovr_sim::open_resources(to_string(env, kind));
+}
+
 JNIEXPORT void JNICALL Java_tarnwick_sim_SimDevice_clearCalls(JNIEnv*, jclass) {
     tovr_sim::clear_calls();
 }

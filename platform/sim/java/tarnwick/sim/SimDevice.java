@@ -36,6 +36,12 @@ public final class SimDevice {
     /** Sets the process's TZ, as a device whose time zone setting changed. */
     public static native void setTimeZone(String tz);
 
+    /**
+     * Resources of the simulated device that are open now, by kind: "platform block" (memory
+     * blocks handed out and not freed), or a kind a facade counts (list handles, file handles).
+     */
+    public static native int openResources(String kind);
+
     public static int callCount(String op) {
         return calls(op).length;
     }
