@@ -54,10 +54,7 @@ struct ESV_ZEL_ACC_FELICA_SETTING_INFO {
 };
 
 #ifndef SWIG
-#ifndef ESV_ZEL_LAYOUT
-#define ESV_ZEL_LAYOUT(T, M, OFF) static_assert(offsetof(T, M) == (OFF), #T "." #M)
-#define ESV_ZEL_SIZE(T, N) static_assert(sizeof(T) == (N), "sizeof " #T)
-#endif
+#include "esv_zel_layout.h"
 ESV_ZEL_SIZE(ESV_ZEL_ACC_ICCARD_INFO, 268);
 ESV_ZEL_LAYOUT(ESV_ZEL_ACC_ICCARD_INFO, card_id, 0);
 ESV_ZEL_LAYOUT(ESV_ZEL_ACC_ICCARD_INFO, card_type, 256);

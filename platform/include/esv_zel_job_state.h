@@ -37,10 +37,7 @@ struct ESV_ZEL_JOB_STATE {
 };
 
 #ifndef SWIG
-#ifndef ESV_ZEL_LAYOUT
-#define ESV_ZEL_LAYOUT(T, M, OFF) static_assert(offsetof(T, M) == (OFF), #T "." #M)
-#define ESV_ZEL_SIZE(T, N) static_assert(sizeof(T) == (N), "sizeof " #T)
-#endif
+#include "esv_zel_layout.h"
 ESV_ZEL_SIZE(ESV_ZEL_JOB_STATE, 292);
 ESV_ZEL_LAYOUT(ESV_ZEL_JOB_STATE, state, 0);
 ESV_ZEL_LAYOUT(ESV_ZEL_JOB_STATE, user_job_id, 4);

@@ -182,10 +182,7 @@ struct ESV_ZEL_EVENT_SCAN_PAGE {
 #ifndef SWIG
 // ---------------------------------------------------------------------------------------------
 // Layout checks (identical on the 64-bit host and the 32-bit device).
-#ifndef ESV_ZEL_LAYOUT
-#define ESV_ZEL_LAYOUT(T, M, OFF) static_assert(offsetof(T, M) == (OFF), #T "." #M)
-#define ESV_ZEL_SIZE(T, N) static_assert(sizeof(T) == (N), "sizeof " #T)
-#endif
+#include "esv_zel_layout.h"
 
 ESV_ZEL_SIZE(ESV_ZEL_JOBINFO_JOBLOG, 780);
 ESV_ZEL_LAYOUT(ESV_ZEL_JOBINFO_JOBLOG, receipt_id, 0);
