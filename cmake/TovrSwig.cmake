@@ -15,9 +15,13 @@ function(tovr_swig_module iface java_root out_source)
   string(REPLACE "." "/" package_dir ${package})
   set(java_dir ${java_root}/${name})
   set(source ${CMAKE_BINARY_DIR}/wrapper/${name}_wrap.cxx)
-  file(GLOB headers CONFIGURE_DEPENDS
-    ${CMAKE_SOURCE_DIR}/common/*.h ${CMAKE_SOURCE_DIR}/event/*.h ${CMAKE_SOURCE_DIR}/job/*.h
-    ${CMAKE_SOURCE_DIR}/device/*.h ${CMAKE_SOURCE_DIR}/platform/include/*.h)
+  set(header_globs ${CMAKE_SOURCE_DIR}/platform/include/*.h ${CMAKE_SOURCE_DIR}/wrapper/*.i)
+  set(include_flags -I${CMAKE_SOURCE_DIR}/wrapper -I${CMAKE_SOURCE_DIR}/platform/include)
+  foreach(dir ${TOVR_NATIVE_DIRS})
+    list(APPEND header_globs ${CMAKE_SOURCE_DIR}/${dir}/*.h)
+    list(APPEND include_flags -I${CMAKE_SOURCE_DIR}/${dir})
+  endforeach()
+  file(GLOB headers CONFIGURE_DEPENDS ${header_globs})
   add_custom_command(
     OUTPUT ${source}
     COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/wrapper
@@ -25,7 +29,7 @@ function(tovr_swig_module iface java_root out_source)
     COMMAND ${CMAKE_COMMAND} -E remove_directory ${java_dir}
     COMMAND ${CMAKE_COMMAND} -E make_directory ${java_dir}
     COMMAND ${SWIG_EXECUTABLE} -c++ -java -package ${package} -outdir ${java_dir}
-            -I${CMAKE_SOURCE_DIR}/wrapper -I${CMAKE_SOURCE_DIR}/platform/include
+            ${include_flags}
             -o ${source} ${iface}
     DEPENDS ${iface} ${CMAKE_SOURCE_DIR}/wrapper/tovr_conventions.i ${headers}
     COMMENT "SWIG ${name} -> ${package}"
