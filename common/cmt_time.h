@@ -8,10 +8,11 @@ namespace tarnwick {
 
 class cmt_time {
 public:
-    // Only the low 32 bits of `t` count, as on the device.
-    explicit cmt_time(unsigned long t);
+    // Java numbers overloaded constructors in this order: new_cmt_time__SWIG_0 is this one.
     // Carries only the present daylight flag and offset; the calendar fields stay unset.
     cmt_time();
+    // Only the low 32 bits of `t` count, as on the device.
+    explicit cmt_time(unsigned long t);
     virtual ~cmt_time() {}
 
     void getLocalTime();

@@ -7,30 +7,12 @@
 %{
 #include "cmt_init.h"
 #include "cmt_time.h"
-using namespace tarnwick;
 %}
 
-namespace tarnwick {
+// Kept internal: the platform registration alone, and the refresh of the local-time fields
+// (the default constructor makes it).
+%ignore tarnwick::cmt_init::mixsInit;
+%ignore tarnwick::cmt_time::getLocalTime;
 
-class cmt_init {
-public:
-    virtual ~cmt_init();
-    static int init();
-};
-
-class cmt_time {
-public:
-    cmt_time();
-    cmt_time(unsigned long t);
-    virtual ~cmt_time();
-    int getYear();
-    int getMonth();
-    int getDate();
-    int getHour();
-    int getMinute();
-    int getSecond();
-    int getDaylightTime();
-    int getGMToffset();
-};
-
-}
+%include "cmt_init.h"
+%include "cmt_time.h"

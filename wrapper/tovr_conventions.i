@@ -49,7 +49,9 @@ static void tovr_JavaThrowException(JNIEnv *jenv, SWIG_JavaExceptionCodes code, 
 
 // ---------------------------------------------------------------------------------------------
 // Enumerations travel as int constants on the Java side; no getter native per enumerator.
-// Constants that must stay natives (NAME_get) are declared with TOVR_CONSTANT below.
+// A #define of a module's real header that must stay a native NAME_get is named with
+// `%javaconst(0) NAME;` before the header's %include; its literal gives the Java type (65 int,
+// 65u long). TOVR_CONSTANT below declares a native constant that no header holds.
 %javaconst(1);
 
 %define TOVR_CONSTANT(TYPE, NAME, VALUE)

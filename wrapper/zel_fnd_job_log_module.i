@@ -9,10 +9,8 @@
 %include "enumtypeunsafe.swg"
 
 %{
-#include "esv_zel_job_state.h"
 #include "esv_zel_jobinfo_types.h"
 #include "zel_fnd_job_log_proxy.h"
-using namespace tarnwick;
 %}
 
 // The notification records belong to the event bridge, not to this module.
@@ -22,8 +20,8 @@ using namespace tarnwick;
 %ignore ESV_ZEL_EVENT_PRINT_PAGE;
 %ignore ESV_ZEL_EVENT_SCAN_PAGE;
 
-%include "esv_zel_job_state.h"
+%include "esv_zel_job_state.i"
 %include "esv_zel_jobinfo_types.h"
 
 %ignore tarnwick::zel_fnd_job_log_proxy::convert_retcode;
-%include "../job/zel_fnd_job_log_proxy.h"
+%include "zel_fnd_job_log_proxy.h"

@@ -9,35 +9,33 @@
 %include "enumtypeunsafe.swg"
 
 %{
-#include "esv_zel_job_state.h"
 #include "esv_zel_job_types.h"
 #include "zel_fnd_job_proxy.h"
-using namespace tarnwick;
 %}
 
 TOVR_VECTORL
 
 // ---------------------------------------------------------------------------------------------
-// Size constants, each a native getter NAME_get returning long.
-TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_FTP_HOST_NAME_SIZE, 65)
-TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_FTP_PATH_NAME_SIZE, 129)
-TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_FTP_USER_NAME_SIZE, 65)
-TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_FTP_PASSWORD_SIZE, 65)
-TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_SMB_HOST_NAME_SIZE, 65)
-TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_SMB_PATH_NAME_SIZE, 129)
-TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_SMB_USER_NAME_SIZE, 129)
-TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_SMB_PASSWORD_SIZE, 129)
-TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_MAIL_ADDRESS_SIZE, 129)
-TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_ADDRESS_LIST_NUM, 100)
-TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_FAX_NUMBER_SIZE, 65)
-TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_SUB_ADDRESS_SIZE, 21)
-TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_SUB_ADDRESS_PASSWORD_SIZE, 21)
-TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_ACCESS_PATH_SIZE, 1531)
-TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_BOX_PASS_SIZE, 17)
-TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_DOC_NAME_SIZE, 257)
-TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_JOB_FILENAME_SIZE, 257)
-TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_GET_SCAN_DATA_SIZE, 4096)
-TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_DOC_PASS_SIZE, 5)
+// Size constants of the facade's header, each a native getter NAME_get returning long.
+%javaconst(0) ESV_ZEL_JOB_FTP_HOST_NAME_SIZE;
+%javaconst(0) ESV_ZEL_JOB_FTP_PATH_NAME_SIZE;
+%javaconst(0) ESV_ZEL_JOB_FTP_USER_NAME_SIZE;
+%javaconst(0) ESV_ZEL_JOB_FTP_PASSWORD_SIZE;
+%javaconst(0) ESV_ZEL_JOB_SMB_HOST_NAME_SIZE;
+%javaconst(0) ESV_ZEL_JOB_SMB_PATH_NAME_SIZE;
+%javaconst(0) ESV_ZEL_JOB_SMB_USER_NAME_SIZE;
+%javaconst(0) ESV_ZEL_JOB_SMB_PASSWORD_SIZE;
+%javaconst(0) ESV_ZEL_JOB_MAIL_ADDRESS_SIZE;
+%javaconst(0) ESV_ZEL_JOB_ADDRESS_LIST_NUM;
+%javaconst(0) ESV_ZEL_JOB_FAX_NUMBER_SIZE;
+%javaconst(0) ESV_ZEL_JOB_SUB_ADDRESS_SIZE;
+%javaconst(0) ESV_ZEL_JOB_SUB_ADDRESS_PASSWORD_SIZE;
+%javaconst(0) ESV_ZEL_JOB_ACCESS_PATH_SIZE;
+%javaconst(0) ESV_ZEL_JOB_BOX_PASS_SIZE;
+%javaconst(0) ESV_ZEL_JOB_DOC_NAME_SIZE;
+%javaconst(0) ESV_ZEL_JOB_JOB_FILENAME_SIZE;
+%javaconst(0) ESV_ZEL_JOB_GET_SCAN_DATA_SIZE;
+%javaconst(0) ESV_ZEL_JOB_DOC_PASS_SIZE;
 
 // ---------------------------------------------------------------------------------------------
 // Records.
@@ -50,7 +48,7 @@ TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_DOC_PASS_SIZE, 5)
 %typemap(javaout) uint32_t start_info { return $jnicall; }
 %typemap(in) uint32_t start_info %{ $1 = $input ? 1u : 0u; %}
 %typemap(out) uint32_t start_info %{ $result = (jboolean)(($1 & 0xFFu) != 0); %}
-%include "esv_zel_job_state.h"
+%include "esv_zel_job_state.i"
 %include "esv_zel_job_types.h"
 
 // ---------------------------------------------------------------------------------------------
@@ -62,4 +60,4 @@ TOVR_CONSTANT(unsigned int, ESV_ZEL_JOB_DOC_PASS_SIZE, 5)
 %apply unsigned short &INOUT { unsigned short &val };
 
 %ignore tarnwick::zel_fnd_job_proxy::convert_retcode;
-%include "../job/zel_fnd_job_proxy.h"
+%include "zel_fnd_job_proxy.h"

@@ -18,11 +18,11 @@
 #define ESV_ZEL_ACC_ICCARD_DEVICE_TYPE_MAG 16
 #define ESV_ZEL_ACC_ICCARD_DEVICE_TYPE_LEGIC 32
 
-// Text sizes, terminating zero included.
-#define ESV_ZEL_ACC_CARD_ID_SIZE 256
-#define ESV_ZEL_ACC_FELICA_SYSTEM_CODE 16
-#define ESV_ZEL_ACC_FELICA_SERVICE_CODE_1 16
-#define ESV_ZEL_ACC_FELICA_SERVICE_CODE_2 16
+// Text sizes, terminating zero included; unsigned, as Java sees them (long).
+#define ESV_ZEL_ACC_CARD_ID_SIZE 256u
+#define ESV_ZEL_ACC_FELICA_SYSTEM_CODE 16u
+#define ESV_ZEL_ACC_FELICA_SERVICE_CODE_1 16u
+#define ESV_ZEL_ACC_FELICA_SERVICE_CODE_2 16u
 
 // The partition in which the device leaves the data read from a card, and its size.
 #define ESV_ZEL_ACC_ICCARD_DATA_PARTITION "DVC_ACC_ICCARD_DATA_PARTITION"

@@ -123,28 +123,26 @@ enum ESV_ZEL_JOB_ADDRESS_TYPE : int {
 };
 
 // ---------------------------------------------------------------------------------------------
-// Sizes (texts include their terminating zero).
-#ifndef SWIG
-#define ESV_ZEL_JOB_FTP_HOST_NAME_SIZE 65
-#define ESV_ZEL_JOB_FTP_PATH_NAME_SIZE 129
-#define ESV_ZEL_JOB_FTP_USER_NAME_SIZE 65
-#define ESV_ZEL_JOB_FTP_PASSWORD_SIZE 65
-#define ESV_ZEL_JOB_SMB_HOST_NAME_SIZE 65
-#define ESV_ZEL_JOB_SMB_PATH_NAME_SIZE 129
-#define ESV_ZEL_JOB_SMB_USER_NAME_SIZE 129
-#define ESV_ZEL_JOB_SMB_PASSWORD_SIZE 129
-#define ESV_ZEL_JOB_MAIL_ADDRESS_SIZE 129
-#define ESV_ZEL_JOB_ADDRESS_LIST_NUM 100
-#define ESV_ZEL_JOB_FAX_NUMBER_SIZE 65
-#define ESV_ZEL_JOB_SUB_ADDRESS_SIZE 21
-#define ESV_ZEL_JOB_SUB_ADDRESS_PASSWORD_SIZE 21
-#define ESV_ZEL_JOB_ACCESS_PATH_SIZE 1531
-#define ESV_ZEL_JOB_BOX_PASS_SIZE 17
-#define ESV_ZEL_JOB_DOC_NAME_SIZE 257
-#define ESV_ZEL_JOB_JOB_FILENAME_SIZE 257
-#define ESV_ZEL_JOB_GET_SCAN_DATA_SIZE 4096
-#define ESV_ZEL_JOB_DOC_PASS_SIZE 5
-#endif
+// Sizes (texts include their terminating zero); unsigned, as Java sees them (long).
+#define ESV_ZEL_JOB_FTP_HOST_NAME_SIZE 65u
+#define ESV_ZEL_JOB_FTP_PATH_NAME_SIZE 129u
+#define ESV_ZEL_JOB_FTP_USER_NAME_SIZE 65u
+#define ESV_ZEL_JOB_FTP_PASSWORD_SIZE 65u
+#define ESV_ZEL_JOB_SMB_HOST_NAME_SIZE 65u
+#define ESV_ZEL_JOB_SMB_PATH_NAME_SIZE 129u
+#define ESV_ZEL_JOB_SMB_USER_NAME_SIZE 129u
+#define ESV_ZEL_JOB_SMB_PASSWORD_SIZE 129u
+#define ESV_ZEL_JOB_MAIL_ADDRESS_SIZE 129u
+#define ESV_ZEL_JOB_ADDRESS_LIST_NUM 100u
+#define ESV_ZEL_JOB_FAX_NUMBER_SIZE 65u
+#define ESV_ZEL_JOB_SUB_ADDRESS_SIZE 21u
+#define ESV_ZEL_JOB_SUB_ADDRESS_PASSWORD_SIZE 21u
+#define ESV_ZEL_JOB_ACCESS_PATH_SIZE 1531u
+#define ESV_ZEL_JOB_BOX_PASS_SIZE 17u
+#define ESV_ZEL_JOB_DOC_NAME_SIZE 257u
+#define ESV_ZEL_JOB_JOB_FILENAME_SIZE 257u
+#define ESV_ZEL_JOB_GET_SCAN_DATA_SIZE 4096u
+#define ESV_ZEL_JOB_DOC_PASS_SIZE 5u
 
 // ---------------------------------------------------------------------------------------------
 // Records.
