@@ -9,6 +9,7 @@
 #include <jni.h>
 
 #include <cstddef>
+#include <cstring>
 #include <utility>
 
 #include "CJvm.h"
@@ -133,6 +134,12 @@ public:
     jsize size() const { return size_; }
     explicit operator bool() const { return elems_ != nullptr; }
     void abort() { mode_ = JNI_ABORT; }
+    // Releases the elements now (before the array is handed to Java); the scope's end then
+    // does nothing.
+    void release() {
+        if (elems_ != nullptr) (env_->*Release)(a_, elems_, mode_);
+        elems_ = nullptr;
+    }
 
 private:
     JNIEnv* env_;
@@ -203,6 +210,12 @@ public:
     }
     jclass get() const { return cls_; }
     explicit operator bool() const { return cls_ != nullptr; }
+    // Deletes the reference with `env`, the calling thread's environment that the holder
+    // already has (null: the reference is only forgotten).
+    void reset(JNIEnv* env) {
+        if (cls_ != nullptr && env != nullptr) env->DeleteGlobalRef(cls_);
+        cls_ = nullptr;
+    }
     // Deletes the reference with the calling thread's environment (attaching it for the
     // moment when needed).
     void reset() {
@@ -218,6 +231,103 @@ public:
 
 private:
     jclass cls_ = nullptr;
+};
+
+// A Java string of a record's fixed text field, read within the field even when the device
+// left it unterminated. Null, with the VM's exception pending, when it cannot be made.
+template <std::size_t N>
+jstring new_string_of_field(JNIEnv* env, const char (&field)[N]) {
+    char text[N + 1];
+    std::memcpy(text, field, N);
+    text[N] = '\0';
+    return env->NewStringUTF(text);
+}
+
+// ---------------------------------------------------------------------------------------------
+// Observers of the facades. A facade delivers each notification on a thread of its own, which
+// the observer attaches for that notification alone and detaches at its end.
+
+// Attaches the calling thread; its environment lands in *env. False without a VM.
+inline bool attach_thread(JavaVM* vm, JNIEnv** env) {
+    if (vm == nullptr) return false;
+    return vm->AttachCurrentThread(reinterpret_cast<void**>(env), nullptr) == JNI_OK;
+}
+
+inline jint detach_thread(JavaVM* vm) {
+    if (vm == nullptr) return JNI_ERR;
+    return vm->DetachCurrentThread();
+}
+
+// The calling thread's environment, attaching the thread when the VM has not seen it (it then
+// stays attached; the caller detaches). An observer's destructor runs on the thread that stops
+// the manager, not on the facade thread whose environment it kept from its last notification
+// (that one has detached since), so it must not use the kept environment.
+inline JNIEnv* calling_thread_env(JavaVM* vm) {
+    if (vm == nullptr) return nullptr;
+    JNIEnv* env = nullptr;
+    if (vm->GetEnv(reinterpret_cast<void**>(&env), kJniVersion) == JNI_OK) return env;
+    if (vm->AttachCurrentThread(reinterpret_cast<void**>(&env), nullptr) == JNI_OK) return env;
+    return nullptr;
+}
+
+// One static method an observer keeps: looked up on `owner`, its ID stored in *id.
+struct StaticMethod {
+    const GlobalClass* owner;
+    const char* name;
+    const char* signature;
+    jmethodID* id;
+};
+
+// Looks the methods up in their order. The first one missing (described and cleared) ends the
+// lookups and leaves the IDs after it unset: an observer is registered all the same and its
+// notifications then use what was found. True when all were found.
+template <std::size_t N>
+bool lookup_static_methods(JNIEnv* env, const StaticMethod (&methods)[N]) {
+    for (const StaticMethod& m : methods) {
+        *m.id = env->GetStaticMethodID(m.owner->get(), m.name, m.signature);
+        if (*m.id == nullptr) {
+            failed(env);
+            return false;
+        }
+    }
+    return true;
+}
+
+// One notification of an observer. The scope attaches the delivering thread through the
+// observer's thread_attach() and, when that succeeded, detaches it through thread_detach() as
+// it ends, after the local references made inside it are gone.
+//
+// fail() is the one way out after a failed Java step: the pending exception, if any, is
+// described and cleared and the observer's failure code is returned to the facade. A step
+// with a message of its own traces it (level 0) just before:
+//
+//     if (mid == nullptr) {
+//         CMT_TRACE(kTraceError, "...");
+//         return call.fail();
+//     }
+template <typename Observer, typename Code>
+class Notification {
+public:
+    // `env` is the observer's environment member that thread_attach() fills.
+    Notification(Observer& observer, JNIEnv* const& env, Code failure)
+        : observer_(observer), env_(env), failure_(failure), attached_(observer.thread_attach()) {}
+    Notification(const Notification&) = delete;
+    Notification& operator=(const Notification&) = delete;
+    ~Notification() {
+        if (attached_) observer_.thread_detach();
+    }
+
+    bool attached() const { return attached_; }
+    Code fail() const {
+        failed(env_);
+        return failure_;
+    }
+
+private:
+    Observer& observer_;
+    JNIEnv* const& env_;
+    Code failure_;
+    bool attached_;
 };
 
 }  // namespace jni

@@ -9,7 +9,6 @@
 #include "cmt_trace.h"
 #include "emw_osw_mem.h"
 #include "zel_fnd_card_data.h"
-#include "zel_fnd_observer_env.h"
 
 #define CMT_TRACE_MODULE "zel_fnd_acc_observer"
 
@@ -27,19 +26,16 @@ jbyte card_type_bits(std::uint32_t type) {
 zel_fnd_acc_observer::zel_fnd_acc_observer()
     : vm_(nullptr),
       jnienv_(nullptr),
-      jcls_acc_proxy_(nullptr),
-      jcls_iccard_info_(nullptr),
-      jcls_system_data_(nullptr),
       mid_iccard_(nullptr),
       mid_iccard_error_(nullptr),
       mid_iccard_device_(nullptr) {}
 
 zel_fnd_acc_observer::~zel_fnd_acc_observer() {
     if (vm_ == nullptr) return;
-    JNIEnv* env = zel_fnd_calling_thread_env(vm_);
-    zel_fnd_delete_global(env, &jcls_acc_proxy_);
-    zel_fnd_delete_global(env, &jcls_iccard_info_);
-    zel_fnd_delete_global(env, &jcls_system_data_);
+    JNIEnv* env = jni::calling_thread_env(vm_);
+    jcls_acc_proxy_.reset(env);
+    jcls_iccard_info_.reset(env);
+    jcls_system_data_.reset(env);
     thread_detach();
 }
 
@@ -48,95 +44,125 @@ int zel_fnd_acc_observer::init() {
     jint rc = JNI_GetCreatedJavaVMs(&vm_, 1, &count);
     if (rc != JNI_OK) return rc;
     if (!thread_attach()) return 0;
-    if (zel_fnd_find_global_class(jnienv_, "tarnwick/zel/controller/event/proxy/AccProxy", &jcls_acc_proxy_) &&
-        zel_fnd_find_global_class(jnienv_, "tarnwick/zel/controller/event/device/ICCardInfo", &jcls_iccard_info_) &&
-        zel_fnd_find_global_class(jnienv_, "tarnwick/zel/controller/event/device/SystemData", &jcls_system_data_)) {
-        const zel_fnd_static_method methods[] = {
+    if (jcls_acc_proxy_.find(jnienv_, "tarnwick/zel/controller/event/proxy/AccProxy") &&
+        jcls_iccard_info_.find(jnienv_, "tarnwick/zel/controller/event/device/ICCardInfo") &&
+        jcls_system_data_.find(jnienv_, "tarnwick/zel/controller/event/device/SystemData")) {
+        const jni::StaticMethod methods[] = {
             {&jcls_acc_proxy_, "fireICCardEvent", "(Ltarnwick/zel/controller/event/device/ICCardInfo;)V", &mid_iccard_},
             {&jcls_acc_proxy_, "fireICCardErrorEvent", "(I)V", &mid_iccard_error_},
             {&jcls_acc_proxy_, "fireICCardDeviceEvent", "(IIZB)V", &mid_iccard_device_},
         };
-        zel_fnd_lookup_static_methods(jnienv_, methods);
+        jni::lookup_static_methods(jnienv_, methods);
     }
     return thread_detach();
 }
 
-bool zel_fnd_acc_observer::thread_attach() { return zel_fnd_thread_attach(vm_, &jnienv_); }
+bool zel_fnd_acc_observer::thread_attach() { return jni::attach_thread(vm_, &jnienv_); }
 
-int zel_fnd_acc_observer::thread_detach() { return zel_fnd_thread_detach(vm_); }
+int zel_fnd_acc_observer::thread_detach() { return jni::detach_thread(vm_); }
 
-// Every failure: one error trace, the pending exception (if any) described and cleared, detach.
-// Local references made so far go with the detach.
-#define ACC_FAIL(...)                          \
-    do {                                       \
-        zel_fnd_drop_exception(jnienv_);       \
-        CMT_TRACE(kTraceError, __VA_ARGS__);   \
-        thread_detach();                       \
-        return kFailure;                       \
-    } while (0)
+// Every failure: one error trace, then call.fail() (the pending exception, if any, described
+// and cleared) and the thread detaches as the notification's scope ends.
 
 int zel_fnd_acc_observer::notify_iccard_state_change_info(ESV_ZEL_ACC_ICCARD_STATE_CHANGE_INFO& info) {
-    if (!thread_attach()) return kFailure;
+    jni::Notification call(*this, jnienv_, kFailure);
+    if (!call.attached()) return kFailure;
     CMT_TRACE(kTraceFlow, "[Start]");
-    jnienv_->CallStaticVoidMethod(jcls_acc_proxy_, mid_iccard_device_, static_cast<jint>(info.vendor_id),
+    jnienv_->CallStaticVoidMethod(jcls_acc_proxy_.get(), mid_iccard_device_, static_cast<jint>(info.vendor_id),
                                   static_cast<jint>(info.product_id),
                                   static_cast<jboolean>(info.state == 1 ? JNI_TRUE : JNI_FALSE),
                                   static_cast<jbyte>(info.card_types));
-    if (jnienv_->ExceptionCheck()) ACC_FAIL("AccProxy.fireICCardDeviceEvent() threw");
+    if (jni::pending(jnienv_)) {
+        CMT_TRACE(kTraceError, "AccProxy.fireICCardDeviceEvent() threw");
+        return call.fail();
+    }
     CMT_TRACE(kTraceFlow, "[End]");
-    thread_detach();
     return 0;
 }
 
 int zel_fnd_acc_observer::notify_iccard_read_error(int code) {
-    if (!thread_attach()) return kFailure;
+    jni::Notification call(*this, jnienv_, kFailure);
+    if (!call.attached()) return kFailure;
     CMT_TRACE(kTraceFlow, "[Enter]");
-    jnienv_->CallStaticVoidMethod(jcls_acc_proxy_, mid_iccard_error_, static_cast<jint>(code));
-    if (jnienv_->ExceptionCheck()) ACC_FAIL("AccProxy.fireICCardErrorEvent() threw");
+    jnienv_->CallStaticVoidMethod(jcls_acc_proxy_.get(), mid_iccard_error_, static_cast<jint>(code));
+    if (jni::pending(jnienv_)) {
+        CMT_TRACE(kTraceError, "AccProxy.fireICCardErrorEvent() threw");
+        return call.fail();
+    }
     CMT_TRACE(kTraceFlow, "[Exit]");
-    thread_detach();
     return 0;
 }
 
 int zel_fnd_acc_observer::notify_iccard_detect(ESV_ZEL_ACC_ICCARD_INFO& card_info) {
-    if (!thread_attach()) return kFailure;
+    jni::Notification call(*this, jnienv_, kFailure);
+    if (!call.attached()) return kFailure;
     CMT_TRACE(kTraceFlow, "[Start]");
+    const jclass iccard_info = jcls_iccard_info_.get();
+    const jclass system_data = jcls_system_data_.get();
 
-    jmethodID mid = jnienv_->GetMethodID(jcls_iccard_info_, "<init>", "()V");
-    if (mid == 0) ACC_FAIL("jnienv_->GetMethodID(jcls_iccard_info_, <init>, ()V) mid = 0");
-    jobject obj_iccard_info = jnienv_->NewObject(jcls_iccard_info_, mid);
-    if (obj_iccard_info == nullptr) ACC_FAIL("jnienv_->NewObject(jcls_iccard_info_, mid) obj = NULL");
+    jmethodID mid = jnienv_->GetMethodID(iccard_info, "<init>", "()V");
+    if (mid == nullptr) {
+        CMT_TRACE(kTraceError, "jnienv_->GetMethodID(jcls_iccard_info_, <init>, ()V) mid = 0");
+        return call.fail();
+    }
+    jni::LocalRef<jobject> obj_iccard_info(jnienv_, jnienv_->NewObject(iccard_info, mid));
+    if (!obj_iccard_info) {
+        CMT_TRACE(kTraceError, "jnienv_->NewObject(jcls_iccard_info_, mid) obj = NULL");
+        return call.fail();
+    }
 
-    mid = jnienv_->GetMethodID(jcls_iccard_info_, "setCardId", "(Ljava/lang/String;)V");
-    if (mid == 0) ACC_FAIL("jnienv_->GetMethodID(jcls_iccard_info_, setCardId, (Ljava/lang/String;)V) mid = 0");
-    // The identifier is read within its field even when the facade left it unterminated.
-    char card_id[sizeof card_info.card_id + 1];
-    std::memcpy(card_id, card_info.card_id, sizeof card_info.card_id);
-    card_id[sizeof card_info.card_id] = '\0';
-    jstring jstr_card_id = jnienv_->NewStringUTF(card_id);
-    if (jstr_card_id == nullptr) ACC_FAIL("jnienv_->NewStringUTF(card_info.card_id) obj = NULL");
-    jnienv_->CallVoidMethod(obj_iccard_info, mid, jstr_card_id);
-    if (jnienv_->ExceptionCheck()) ACC_FAIL("ICCardInfo.setCardId() threw");
+    mid = jnienv_->GetMethodID(iccard_info, "setCardId", "(Ljava/lang/String;)V");
+    if (mid == nullptr) {
+        CMT_TRACE(kTraceError, "jnienv_->GetMethodID(jcls_iccard_info_, setCardId, (Ljava/lang/String;)V) mid = 0");
+        return call.fail();
+    }
+    jni::LocalRef<jstring> jstr_card_id(jnienv_, jni::new_string_of_field(jnienv_, card_info.card_id));
+    if (!jstr_card_id) {
+        CMT_TRACE(kTraceError, "jnienv_->NewStringUTF(card_info.card_id) obj = NULL");
+        return call.fail();
+    }
+    jnienv_->CallVoidMethod(obj_iccard_info.get(), mid, jstr_card_id.get());
+    if (jni::pending(jnienv_)) {
+        CMT_TRACE(kTraceError, "ICCardInfo.setCardId() threw");
+        return call.fail();
+    }
 
-    mid = jnienv_->GetMethodID(jcls_iccard_info_, "setCardType", "(B)V");
-    if (mid == 0) ACC_FAIL("jnienv_->GetMethodID(jcls_iccard_info_, setCardType, (B)V) mid = 0");
-    jnienv_->CallVoidMethod(obj_iccard_info, mid, card_type_bits(card_info.card_type));
-    if (jnienv_->ExceptionCheck()) ACC_FAIL("ICCardInfo.setCardType() threw");
+    mid = jnienv_->GetMethodID(iccard_info, "setCardType", "(B)V");
+    if (mid == nullptr) {
+        CMT_TRACE(kTraceError, "jnienv_->GetMethodID(jcls_iccard_info_, setCardType, (B)V) mid = 0");
+        return call.fail();
+    }
+    jnienv_->CallVoidMethod(obj_iccard_info.get(), mid, card_type_bits(card_info.card_type));
+    if (jni::pending(jnienv_)) {
+        CMT_TRACE(kTraceError, "ICCardInfo.setCardType() threw");
+        return call.fail();
+    }
 
-    jobjectArray jarr_system_data = nullptr;
+    jni::LocalRef<jobjectArray> jarr_system_data;
     if (card_info.card_data_size == 0) {
         CMT_TRACE(kTraceFlow, "card_info.card_data_size = 0");
-        jarr_system_data = jnienv_->NewObjectArray(0, jcls_system_data_, nullptr);
-        if (jarr_system_data == nullptr) ACC_FAIL("jnienv_->NewObjectArray(0, jcls_system_data_, NULL) obj = NULL");
+        jarr_system_data.reset(jnienv_, jnienv_->NewObjectArray(0, system_data, nullptr));
+        if (!jarr_system_data) {
+            CMT_TRACE(kTraceError, "jnienv_->NewObjectArray(0, jcls_system_data_, NULL) obj = NULL");
+            return call.fail();
+        }
     } else {
         EMWOSW_MEMPART_HANDLE handle = 0;
         EMWRET ret = emwOSWIpcCreateMemPart(&handle, ESV_ZEL_ACC_ICCARD_DATA_PARTITION,
                                             ESV_ZEL_ACC_ICCARD_DATA_PARTITION_SIZE);
         // Platform codes are 32 bits on the device; print them so on every host too.
-        if (ret != 0) ACC_FAIL("emwOSWIpcCreateMemPart() EMWRET = [0x%08lx]", static_cast<unsigned long>(static_cast<std::uint32_t>(ret)));
+        if (ret != 0) {
+            CMT_TRACE(kTraceError, "emwOSWIpcCreateMemPart() EMWRET = [0x%08lx]",
+                      static_cast<unsigned long>(static_cast<std::uint32_t>(ret)));
+            return call.fail();
+        }
         void* block = nullptr;
         ret = emwOSWIpcGetBlockByIdMemPart(handle, static_cast<unsigned long>(card_info.blkid), &block);
-        if (ret != 0) ACC_FAIL("emwOSWIpcGetBlockByIdMemPart() EMWRET = [0x%08lx]", static_cast<unsigned long>(static_cast<std::uint32_t>(ret)));
+        if (ret != 0) {
+            CMT_TRACE(kTraceError, "emwOSWIpcGetBlockByIdMemPart() EMWRET = [0x%08lx]",
+                      static_cast<unsigned long>(static_cast<std::uint32_t>(ret)));
+            return call.fail();
+        }
 
         // The counts come from outside: walk the whole block before anything of it reaches Java.
         // The platform gives no partition base, so the walk is bounded by the partition's size
@@ -144,97 +170,141 @@ int zel_fnd_acc_observer::notify_iccard_detect(ESV_ZEL_ACC_ICCARD_INFO& card_inf
         std::vector<zel_fnd_card_system> systems;
         if (!zel_fnd_decode_card_data(static_cast<const unsigned char*>(block),
                                       ESV_ZEL_ACC_ICCARD_DATA_PARTITION_SIZE, systems)) {
-            ACC_FAIL("card data run past the end of DVC_ACC_ICCARD_DATA_PARTITION. blkid = [%d]",
-                     static_cast<int>(card_info.blkid));
+            CMT_TRACE(kTraceError, "card data run past the end of DVC_ACC_ICCARD_DATA_PARTITION. blkid = [%d]",
+                      static_cast<int>(card_info.blkid));
+            return call.fail();
         }
 
-        jmethodID mid_system_data_constructor = jnienv_->GetMethodID(jcls_system_data_, "<init>", "()V");
-        if (mid_system_data_constructor == 0) ACC_FAIL("jnienv_->GetMethodID(jcls_system_data_, <init>, ()V) mid = 0");
-        jmethodID mid_set_system_code = jnienv_->GetMethodID(jcls_system_data_, "setSystemCode", "(I)V");
-        if (mid_set_system_code == 0) ACC_FAIL("jnienv_->GetMethodID(jcls_system_data_, setSystemCode, (I)V) mid = 0");
-        jmethodID mid_set_service_code = jnienv_->GetMethodID(jcls_system_data_, "setServiceCode", "([I)V");
-        if (mid_set_service_code == 0) ACC_FAIL("jnienv_->GetMethodID(jcls_system_data_, setServiceCode, ([I)V) mid = 0");
-        jmethodID mid_set_block_data = jnienv_->GetMethodID(jcls_system_data_, "setBlockData", "([[B)V");
-        if (mid_set_block_data == 0) ACC_FAIL("jnienv_->GetMethodID(jcls_system_data_, setBlockData, ([[B)V) mid = 0");
-        jclass jcls_byte = jnienv_->FindClass("[B");
-        if (jcls_byte == 0) ACC_FAIL("jnienv_->FindClass([B) jcls_byte = 0");
+        jmethodID mid_system_data_constructor = jnienv_->GetMethodID(system_data, "<init>", "()V");
+        if (mid_system_data_constructor == nullptr) {
+            CMT_TRACE(kTraceError, "jnienv_->GetMethodID(jcls_system_data_, <init>, ()V) mid = 0");
+            return call.fail();
+        }
+        jmethodID mid_set_system_code = jnienv_->GetMethodID(system_data, "setSystemCode", "(I)V");
+        if (mid_set_system_code == nullptr) {
+            CMT_TRACE(kTraceError, "jnienv_->GetMethodID(jcls_system_data_, setSystemCode, (I)V) mid = 0");
+            return call.fail();
+        }
+        jmethodID mid_set_service_code = jnienv_->GetMethodID(system_data, "setServiceCode", "([I)V");
+        if (mid_set_service_code == nullptr) {
+            CMT_TRACE(kTraceError, "jnienv_->GetMethodID(jcls_system_data_, setServiceCode, ([I)V) mid = 0");
+            return call.fail();
+        }
+        jmethodID mid_set_block_data = jnienv_->GetMethodID(system_data, "setBlockData", "([[B)V");
+        if (mid_set_block_data == nullptr) {
+            CMT_TRACE(kTraceError, "jnienv_->GetMethodID(jcls_system_data_, setBlockData, ([[B)V) mid = 0");
+            return call.fail();
+        }
+        jni::LocalRef<jclass> jcls_byte(jnienv_, jnienv_->FindClass("[B"));
+        if (!jcls_byte) {
+            CMT_TRACE(kTraceError, "jnienv_->FindClass([B) jcls_byte = 0");
+            return call.fail();
+        }
 
         const jsize sysdata_num = static_cast<jsize>(systems.size());
-        jarr_system_data = jnienv_->NewObjectArray(sysdata_num, jcls_system_data_, nullptr);
-        if (jarr_system_data == nullptr) {
-            ACC_FAIL("jnienv_->NewObjectArray((jsize)sysdata_num, jcls_system_data_, NULL) obj = NULL");
+        jarr_system_data.reset(jnienv_, jnienv_->NewObjectArray(sysdata_num, system_data, nullptr));
+        if (!jarr_system_data) {
+            CMT_TRACE(kTraceError, "jnienv_->NewObjectArray((jsize)sysdata_num, jcls_system_data_, NULL) obj = NULL");
+            return call.fail();
         }
         for (jsize i = 0; i < sysdata_num; ++i) {
             const zel_fnd_card_system& system = systems[i];
-            jobject obj_system_data = jnienv_->NewObject(jcls_system_data_, mid_system_data_constructor);
-            if (obj_system_data == nullptr) {
-                ACC_FAIL("jnienv_->NewObject(jcls_system_data_, mid_system_data_constructor) obj = NULL");
+            // Each entry's objects live in a frame of their own: the count of local
+            // references stays flat however many entries the card has.
+            jni::LocalFrame frame(jnienv_, 4);
+            if (!frame.ok()) {
+                CMT_TRACE(kTraceError, "jnienv_->PushLocalFrame(4) failed");
+                return call.fail();
             }
-            jnienv_->CallVoidMethod(obj_system_data, mid_set_system_code, static_cast<jint>(system.system_code));
-            if (jnienv_->ExceptionCheck()) ACC_FAIL("SystemData.setSystemCode() threw");
+            jni::LocalRef<jobject> obj_system_data(jnienv_, jnienv_->NewObject(system_data, mid_system_data_constructor));
+            if (!obj_system_data) {
+                CMT_TRACE(kTraceError, "jnienv_->NewObject(jcls_system_data_, mid_system_data_constructor) obj = NULL");
+                return call.fail();
+            }
+            jnienv_->CallVoidMethod(obj_system_data.get(), mid_set_system_code, static_cast<jint>(system.system_code));
+            if (jni::pending(jnienv_)) {
+                CMT_TRACE(kTraceError, "SystemData.setSystemCode() threw");
+                return call.fail();
+            }
 
             const jsize service_num = static_cast<jsize>(system.services.size());
-            jintArray jiarr_service_code = jnienv_->NewIntArray(service_num);
-            if (jiarr_service_code == nullptr) ACC_FAIL("jnienv_->NewIntArray((jsize)service_num) obj = NULL");
-            jint* service_codes = jnienv_->GetIntArrayElements(jiarr_service_code, nullptr);
-            if (service_codes == nullptr) ACC_FAIL("jnienv_->GetIntArrayElements(jiarr_service_code, NULL) obj = NULL");
-            jobjectArray jarr_block_data = jnienv_->NewObjectArray(service_num, jcls_byte, nullptr);
-            if (jarr_block_data == nullptr) {
-                jnienv_->ReleaseIntArrayElements(jiarr_service_code, service_codes, 0);
-                ACC_FAIL("jnienv_->NewObjectArray((jsize)service_num, jcls_byte, NULL) obj = NULL");
+            jni::LocalRef<jintArray> jiarr_service_code(jnienv_, jnienv_->NewIntArray(service_num));
+            if (!jiarr_service_code) {
+                CMT_TRACE(kTraceError, "jnienv_->NewIntArray((jsize)service_num) obj = NULL");
+                return call.fail();
+            }
+            jni::IntElements service_codes(jnienv_, jiarr_service_code.get());
+            if (!service_codes) {
+                CMT_TRACE(kTraceError, "jnienv_->GetIntArrayElements(jiarr_service_code, NULL) obj = NULL");
+                return call.fail();
+            }
+            jni::LocalRef<jobjectArray> jarr_block_data(jnienv_,
+                                                        jnienv_->NewObjectArray(service_num, jcls_byte.get(), nullptr));
+            if (!jarr_block_data) {
+                CMT_TRACE(kTraceError, "jnienv_->NewObjectArray((jsize)service_num, jcls_byte, NULL) obj = NULL");
+                return call.fail();
             }
             for (jsize j = 0; j < service_num; ++j) {
                 const zel_fnd_card_service& service = system.services[j];
-                service_codes[j] = static_cast<jint>(service.service_code);
+                service_codes.get()[j] = static_cast<jint>(service.service_code);
                 const jsize length = static_cast<jsize>(service.block_count * kZelFndCardBlockSize);
-                jbyteArray jbarr_block_data = jnienv_->NewByteArray(length);
-                if (jbarr_block_data == nullptr) {
-                    jnienv_->ReleaseIntArrayElements(jiarr_service_code, service_codes, 0);
-                    ACC_FAIL("jnienv_->NewByteArray(block_num * 16) obj = NULL");
+                jni::LocalRef<jbyteArray> jbarr_block_data(jnienv_, jnienv_->NewByteArray(length));
+                if (!jbarr_block_data) {
+                    CMT_TRACE(kTraceError, "jnienv_->NewByteArray(block_num * 16) obj = NULL");
+                    return call.fail();
                 }
-                jbyte* bytes = jnienv_->GetByteArrayElements(jbarr_block_data, nullptr);
-                if (bytes == nullptr) {
-                    jnienv_->ReleaseIntArrayElements(jiarr_service_code, service_codes, 0);
-                    ACC_FAIL("jnienv_->GetByteArrayElements(jbarr_block_data, NULL) obj = NULL");
+                jni::ByteElements bytes(jnienv_, jbarr_block_data.get());
+                if (!bytes) {
+                    CMT_TRACE(kTraceError, "jnienv_->GetByteArrayElements(jbarr_block_data, NULL) obj = NULL");
+                    return call.fail();
                 }
-                if (length > 0) std::memcpy(bytes, service.blocks, static_cast<std::size_t>(length));
-                jnienv_->ReleaseByteArrayElements(jbarr_block_data, bytes, 0);
-                jnienv_->SetObjectArrayElement(jarr_block_data, j, jbarr_block_data);
-                if (jnienv_->ExceptionCheck()) {
-                    jnienv_->ReleaseIntArrayElements(jiarr_service_code, service_codes, 0);
-                    ACC_FAIL("jnienv_->SetObjectArrayElement(jarr_block_data) failed");
+                if (length > 0) std::memcpy(bytes.get(), service.blocks, static_cast<std::size_t>(length));
+                bytes.release();
+                jnienv_->SetObjectArrayElement(jarr_block_data.get(), j, jbarr_block_data.get());
+                if (jni::pending(jnienv_)) {
+                    CMT_TRACE(kTraceError, "jnienv_->SetObjectArrayElement(jarr_block_data) failed");
+                    return call.fail();
                 }
-                jnienv_->DeleteLocalRef(jbarr_block_data);
             }
-            jnienv_->ReleaseIntArrayElements(jiarr_service_code, service_codes, 0);
-            jnienv_->CallVoidMethod(obj_system_data, mid_set_service_code, jiarr_service_code);
-            if (jnienv_->ExceptionCheck()) ACC_FAIL("SystemData.setServiceCode() threw");
-            jnienv_->CallVoidMethod(obj_system_data, mid_set_block_data, jarr_block_data);
-            if (jnienv_->ExceptionCheck()) ACC_FAIL("SystemData.setBlockData() threw");
-            jnienv_->SetObjectArrayElement(jarr_system_data, i, obj_system_data);
-            if (jnienv_->ExceptionCheck()) ACC_FAIL("jnienv_->SetObjectArrayElement(jarr_system_data) failed");
-            jnienv_->DeleteLocalRef(jarr_block_data);
-            jnienv_->DeleteLocalRef(jiarr_service_code);
-            jnienv_->DeleteLocalRef(obj_system_data);
+            service_codes.release();
+            jnienv_->CallVoidMethod(obj_system_data.get(), mid_set_service_code, jiarr_service_code.get());
+            if (jni::pending(jnienv_)) {
+                CMT_TRACE(kTraceError, "SystemData.setServiceCode() threw");
+                return call.fail();
+            }
+            jnienv_->CallVoidMethod(obj_system_data.get(), mid_set_block_data, jarr_block_data.get());
+            if (jni::pending(jnienv_)) {
+                CMT_TRACE(kTraceError, "SystemData.setBlockData() threw");
+                return call.fail();
+            }
+            jnienv_->SetObjectArrayElement(jarr_system_data.get(), i, obj_system_data.get());
+            if (jni::pending(jnienv_)) {
+                CMT_TRACE(kTraceError, "jnienv_->SetObjectArrayElement(jarr_system_data) failed");
+                return call.fail();
+            }
         }
     }
 
-    mid = jnienv_->GetMethodID(jcls_iccard_info_, "setSystemData",
-                               "([Ltarnwick/zel/controller/event/device/SystemData;)V");
-    if (mid == 0) {
-        ACC_FAIL("jnienv_->GetMethodID(jcls_iccard_info_, setSystemData, "
-                 "([Ltarnwick/zel/controller/event/device/SystemData;)V) mid = 0");
+    mid = jnienv_->GetMethodID(iccard_info, "setSystemData", "([Ltarnwick/zel/controller/event/device/SystemData;)V");
+    if (mid == nullptr) {
+        CMT_TRACE(kTraceError, "jnienv_->GetMethodID(jcls_iccard_info_, setSystemData, "
+                               "([Ltarnwick/zel/controller/event/device/SystemData;)V) mid = 0");
+        return call.fail();
     }
-    jnienv_->CallVoidMethod(obj_iccard_info, mid, jarr_system_data);
-    if (jnienv_->ExceptionCheck()) ACC_FAIL("ICCardInfo.setSystemData() threw");
+    jnienv_->CallVoidMethod(obj_iccard_info.get(), mid, jarr_system_data.get());
+    if (jni::pending(jnienv_)) {
+        CMT_TRACE(kTraceError, "ICCardInfo.setSystemData() threw");
+        return call.fail();
+    }
 
-    jnienv_->CallStaticVoidMethod(jcls_acc_proxy_, mid_iccard_, obj_iccard_info);
-    if (jnienv_->ExceptionCheck()) ACC_FAIL("AccProxy.fireICCardEvent() threw");
+    jnienv_->CallStaticVoidMethod(jcls_acc_proxy_.get(), mid_iccard_, obj_iccard_info.get());
+    if (jni::pending(jnienv_)) {
+        CMT_TRACE(kTraceError, "AccProxy.fireICCardEvent() threw");
+        return call.fail();
+    }
     CMT_TRACE(kTraceFlow, "[End]");
-    jnienv_->DeleteLocalRef(jarr_system_data);
-    jnienv_->DeleteLocalRef(jstr_card_id);
-    jnienv_->DeleteLocalRef(obj_iccard_info);
-    thread_detach();
+    // The local references go as the scope ends (array, card-ID string, card-info object), then
+    // the thread detaches.
     return 0;
 }
 

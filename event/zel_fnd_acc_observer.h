@@ -6,6 +6,7 @@
 #include <jni.h>
 
 #include "esv_zel_acc_facade.h"
+#include "tovr_jni.h"
 
 namespace tarnwick {
 
@@ -33,9 +34,9 @@ private:
 
     JavaVM* vm_;
     JNIEnv* jnienv_;
-    jclass jcls_acc_proxy_;
-    jclass jcls_iccard_info_;
-    jclass jcls_system_data_;
+    jni::GlobalClass jcls_acc_proxy_;
+    jni::GlobalClass jcls_iccard_info_;
+    jni::GlobalClass jcls_system_data_;
     jmethodID mid_iccard_;
     jmethodID mid_iccard_error_;
     jmethodID mid_iccard_device_;

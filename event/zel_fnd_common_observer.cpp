@@ -3,7 +3,6 @@
 
 #include "CJvm.h"
 #include "cmt_trace.h"
-#include "zel_fnd_observer_env.h"
 
 #define CMT_TRACE_MODULE "zel_fnd_common_observer"
 
@@ -20,8 +19,6 @@ const char kSynchronousProxy[] = "tarnwick/zel/controller/event/proxy/Synchronou
 zel_fnd_common_observer::zel_fnd_common_observer()
     : vm_(nullptr),
       jnienv_(nullptr),
-      jcls_common_proxy_(nullptr),
-      jcls_synchronous_proxy_(nullptr),
       mid_system_restart_(nullptr),
       mid_network_restart_(nullptr),
       mid_logout_(nullptr),
@@ -40,9 +37,9 @@ zel_fnd_common_observer::zel_fnd_common_observer()
 
 zel_fnd_common_observer::~zel_fnd_common_observer() {
     if (vm_ == nullptr) return;
-    JNIEnv* env = zel_fnd_calling_thread_env(vm_);
-    zel_fnd_delete_global(env, &jcls_common_proxy_);
-    zel_fnd_delete_global(env, &jcls_synchronous_proxy_);
+    JNIEnv* env = jni::calling_thread_env(vm_);
+    jcls_common_proxy_.reset(env);
+    jcls_synchronous_proxy_.reset(env);
     thread_detach();
 }
 
@@ -51,9 +48,8 @@ int zel_fnd_common_observer::init() {
     jint rc = JNI_GetCreatedJavaVMs(&vm_, 1, &count);
     if (rc != JNI_OK) return rc;
     if (!thread_attach()) return 0;
-    if (zel_fnd_find_global_class(jnienv_, kCommonProxy, &jcls_common_proxy_) &&
-        zel_fnd_find_global_class(jnienv_, kSynchronousProxy, &jcls_synchronous_proxy_)) {
-        const zel_fnd_static_method methods[] = {
+    if (jcls_common_proxy_.find(jnienv_, kCommonProxy) && jcls_synchronous_proxy_.find(jnienv_, kSynchronousProxy)) {
+        const jni::StaticMethod methods[] = {
             {&jcls_common_proxy_, "fireLogoutEvent", "()V", &mid_logout_},
             {&jcls_common_proxy_, "fireCommunicationErrorEvent", "()V", &mid_communication_error_},
             {&jcls_common_proxy_, "fireSleepEvent", "(I)V", &mid_sleep_},
@@ -70,30 +66,30 @@ int zel_fnd_common_observer::init() {
             {&jcls_synchronous_proxy_, "firePrepareActivationEvent", "(IJ)Z", &mid_prepare_activation_},
             {&jcls_synchronous_proxy_, "fireResidentAppsStateChanged", "(I)V", &mid_resident_apps_},
         };
-        zel_fnd_lookup_static_methods(jnienv_, methods);
+        jni::lookup_static_methods(jnienv_, methods);
     }
     return thread_detach();
 }
 
-bool zel_fnd_common_observer::thread_attach() { return zel_fnd_thread_attach(vm_, &jnienv_); }
+bool zel_fnd_common_observer::thread_attach() { return jni::attach_thread(vm_, &jnienv_); }
 
-int zel_fnd_common_observer::thread_detach() { return zel_fnd_thread_detach(vm_); }
+int zel_fnd_common_observer::thread_detach() { return jni::detach_thread(vm_); }
 
 // A Java exception thrown by a fire method stays pending: it is checked but not cleared, the
 // thread detaches right after, and no further JNI call is made.
 template <typename... Args>
-unsigned long zel_fnd_common_observer::forward(const char* operation, const int* status, jclass cls,
+unsigned long zel_fnd_common_observer::forward(const char* operation, const int* status, const jni::GlobalClass& cls,
                                                jmethodID method, Args... args) {
-    if (!thread_attach()) return kAttachFailure;
+    jni::Notification call(*this, jnienv_, kAttachFailure);
+    if (!call.attached()) return kAttachFailure;
     if (status != nullptr) {
         CMT_TRACE_OP(kTraceFlow, operation, "[Start]. status = [%d]", *status);
     } else {
         CMT_TRACE_OP(kTraceFlow, operation, "[Start]");
     }
-    jnienv_->CallStaticVoidMethod(cls, method, args...);
-    zel_fnd_exception_left_pending(jnienv_);
+    jnienv_->CallStaticVoidMethod(cls.get(), method, args...);
+    jni::pending(jnienv_);
     CMT_TRACE_OP(kTraceFlow, operation, "[End]");
-    thread_detach();
     return 0;
 }
 
@@ -176,34 +172,31 @@ unsigned long zel_fnd_common_observer::service_state_changed(ESV_ZEL_ACCEPTANCE_
 }
 
 unsigned long zel_fnd_common_observer::request_activate(ESV_ZEL_KIND_OF_SCENARIO scenario, unsigned int value) {
-    if (!thread_attach()) return kAttachFailure;
+    jni::Notification call(*this, jnienv_, kAttachFailure);
+    if (!call.attached()) return kAttachFailure;
     CMT_TRACE(kTraceFlow, "[Start]");
     const unsigned int kind = static_cast<unsigned int>(scenario);
     if (kind <= 13 && ((0x2AAAu >> kind) & 1u) != 0) {
-        jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_completed_activation_, static_cast<jint>(scenario),
+        jnienv_->CallStaticVoidMethod(jcls_common_proxy_.get(), mid_completed_activation_, static_cast<jint>(scenario),
                                       static_cast<jlong>(value));
-        zel_fnd_exception_left_pending(jnienv_);
+        jni::pending(jnienv_);
         CMT_TRACE(kTraceFlow, "[FIN] end. success.");
-        thread_detach();
         return 0;
     }
     if (kind <= 13 && ((0x1555u >> kind) & 1u) != 0) {
         // The method ID comes from SynchronousEventProxy while the class passed is CommonProxy;
         // CommonProxy extends SynchronousEventProxy on the Java side, so the pair is valid.
-        jboolean ready = jnienv_->CallStaticBooleanMethod(jcls_common_proxy_, mid_prepare_activation_,
+        jboolean ready = jnienv_->CallStaticBooleanMethod(jcls_common_proxy_.get(), mid_prepare_activation_,
                                                           static_cast<jint>(scenario), static_cast<jlong>(value));
-        zel_fnd_exception_left_pending(jnienv_);
+        jni::pending(jnienv_);
         if (ready) {
             CMT_TRACE(kTraceFlow, "success.");
-            thread_detach();
             return 0;
         }
         CMT_TRACE(kTraceError, "failed.");
-        thread_detach();
         return kPrepareRefused;
     }
     CMT_TRACE(kTraceError, "[FIN] end. unknown scenario.");
-    thread_detach();
     return 0;
 }
 

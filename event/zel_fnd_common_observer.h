@@ -6,6 +6,7 @@
 #include <jni.h>
 
 #include "esv_zel_common_facade.h"
+#include "tovr_jni.h"
 
 namespace tarnwick {
 
@@ -46,13 +47,13 @@ private:
     // The shape of every notification that only forwards to a static void method: attach,
     // "[Start]" (with the status when one is given), call, "[End]", detach.
     template <typename... Args>
-    unsigned long forward(const char* operation, const int* status, jclass cls, jmethodID method,
+    unsigned long forward(const char* operation, const int* status, const jni::GlobalClass& cls, jmethodID method,
                           Args... args);
 
     JavaVM* vm_;
     JNIEnv* jnienv_;
-    jclass jcls_common_proxy_;
-    jclass jcls_synchronous_proxy_;
+    jni::GlobalClass jcls_common_proxy_;
+    jni::GlobalClass jcls_synchronous_proxy_;
     jmethodID mid_system_restart_;
     jmethodID mid_network_restart_;
     jmethodID mid_logout_;

@@ -1,11 +1,8 @@
 // Job observer.
 #include "zel_fnd_job_observer.h"
 
-#include <cstring>
-
 #include "CJvm.h"
 #include "cmt_trace.h"
-#include "zel_fnd_observer_env.h"
 
 #define CMT_TRACE_MODULE "zel_fnd_job_observer"
 
@@ -23,9 +20,6 @@ const char kJobStateSignature[] = "Ltarnwick/zel/controller/event/job/JobState;"
 zel_fnd_job_observer::zel_fnd_job_observer()
     : vm_(nullptr),
       jnienv_(nullptr),
-      jcls_job_proxy_(nullptr),
-      jcls_job_(nullptr),
-      jcls_job_state_(nullptr),
       mid_job_state_changed_(nullptr),
       mid_scan_count_(nullptr),
       mid_start_prohibition_(nullptr),
@@ -34,10 +28,10 @@ zel_fnd_job_observer::zel_fnd_job_observer()
 
 zel_fnd_job_observer::~zel_fnd_job_observer() {
     if (vm_ == nullptr) return;
-    JNIEnv* env = zel_fnd_calling_thread_env(vm_);
-    zel_fnd_delete_global(env, &jcls_job_proxy_);
-    zel_fnd_delete_global(env, &jcls_job_);
-    zel_fnd_delete_global(env, &jcls_job_state_);
+    JNIEnv* env = jni::calling_thread_env(vm_);
+    jcls_job_proxy_.reset(env);
+    jcls_job_.reset(env);
+    jcls_job_state_.reset(env);
     thread_detach();
 }
 
@@ -47,40 +41,41 @@ int zel_fnd_job_observer::init() {
     if (rc != JNI_OK) return rc;
     // A failed attach is reported as success; the observer is registered all the same.
     if (!thread_attach()) return 0;
-    if (zel_fnd_find_global_class(jnienv_, kJobProxy, &jcls_job_proxy_) &&
-        zel_fnd_find_global_class(jnienv_, kJob, &jcls_job_) &&
-        zel_fnd_find_global_class(jnienv_, kJobState, &jcls_job_state_)) {
-        const zel_fnd_static_method methods[] = {
+    if (jcls_job_proxy_.find(jnienv_, kJobProxy) && jcls_job_.find(jnienv_, kJob) &&
+        jcls_job_state_.find(jnienv_, kJobState)) {
+        const jni::StaticMethod methods[] = {
             {&jcls_job_proxy_, "fireJobStateChangedEvent", "(Ltarnwick/zel/controller/event/job/Job;)V", &mid_job_state_changed_},
             {&jcls_job_proxy_, "fireScanCountEvent", "(JJ)V", &mid_scan_count_},
             {&jcls_job_proxy_, "fireStartProhibitionEvent", "(J)V", &mid_start_prohibition_},
             {&jcls_job_proxy_, "fireCombConstraintEvent", "(J)V", &mid_comb_constraint_},
             {&jcls_job_proxy_, "firePanelMessageUpdateEvent", "(J)V", &mid_panel_message_update_},
         };
-        zel_fnd_lookup_static_methods(jnienv_, methods);
+        jni::lookup_static_methods(jnienv_, methods);
     }
     return thread_detach();
 }
 
-bool zel_fnd_job_observer::thread_attach() { return zel_fnd_thread_attach(vm_, &jnienv_); }
+bool zel_fnd_job_observer::thread_attach() { return jni::attach_thread(vm_, &jnienv_); }
 
-int zel_fnd_job_observer::thread_detach() { return zel_fnd_thread_detach(vm_); }
+int zel_fnd_job_observer::thread_detach() { return jni::detach_thread(vm_); }
+
+// A failed Java step ends the notification with call.fail() (the exception, if any, described
+// and cleared; the thread detaches as the scope ends). Failed lookups and conversions trace
+// their step at the error level first; an exception thrown by a Java setter or the fire method
+// has no trace of its own: the listener failed and the event was not handled.
 
 long zel_fnd_job_observer::fire_simple(const char* operation, jmethodID method, jlong first, jlong second,
                                        int count) {
-    if (!thread_attach()) return kFailure;
+    jni::Notification call(*this, jnienv_, kFailure);
+    if (!call.attached()) return kFailure;
     CMT_TRACE_OP(kTraceFlow, operation, "[Start]");
     if (count == 2) {
-        jnienv_->CallStaticVoidMethod(jcls_job_proxy_, method, first, second);
+        jnienv_->CallStaticVoidMethod(jcls_job_proxy_.get(), method, first, second);
     } else {
-        jnienv_->CallStaticVoidMethod(jcls_job_proxy_, method, first);
+        jnienv_->CallStaticVoidMethod(jcls_job_proxy_.get(), method, first);
     }
-    if (zel_fnd_drop_exception(jnienv_)) {  // the listener failed: the event was not handled
-        thread_detach();
-        return kFailure;
-    }
+    if (jni::pending(jnienv_)) return call.fail();
     CMT_TRACE_OP(kTraceFlow, operation, "[End]");
-    thread_detach();
     return 0;
 }
 
@@ -105,27 +100,9 @@ long zel_fnd_job_observer::notify_phb_info(unsigned int, ESV_ZEL_PHB_INFO&) { re
 
 long zel_fnd_job_observer::notify_message_info(unsigned int, ESV_ZEL_PHB_GET_MESSAGE&) { return 0; }
 
-// A failed Java step: the trace names it at the error level, the exception (if any) is
-// described and cleared, and the thread detaches. Local references made so far go with it.
-#define JOB_FAIL(...)                              \
-    do {                                           \
-        zel_fnd_drop_exception(jnienv_);           \
-        CMT_TRACE(kTraceError, __VA_ARGS__);       \
-        thread_detach();                           \
-        return kFailure;                           \
-    } while (0)
-
-// An exception thrown by a Java setter or the fire method: no trace of its own.
-#define JOB_CHECK_CALL()                           \
-    do {                                           \
-        if (zel_fnd_drop_exception(jnienv_)) {     \
-            thread_detach();                       \
-            return kFailure;                       \
-        }                                          \
-    } while (0)
-
 long zel_fnd_job_observer::notify_job_state_changed(ESV_ZEL_JOB_STATE state) {
-    if (!thread_attach()) return kFailure;
+    jni::Notification call(*this, jnienv_, kFailure);
+    if (!call.attached()) return kFailure;
     CMT_TRACE(kTraceFlow, "[Start]");
 
     const char* name = nullptr;
@@ -146,7 +123,6 @@ long zel_fnd_job_observer::notify_job_state_changed(ESV_ZEL_JOB_STATE state) {
             break;
         default:
             CMT_TRACE(kTraceFlow, "[End]. unknown job result. result = [%d]", state.result);
-            thread_detach();
             return 0;
         }
         break;
@@ -156,69 +132,90 @@ long zel_fnd_job_observer::notify_job_state_changed(ESV_ZEL_JOB_STATE state) {
     case 3:
         // Reservations are not reported to Java.
         CMT_TRACE(kTraceFlow, "[End]. state = ESV_ZEL_EVENT_JOB_RSV.");
-        thread_detach();
         return 0;
     default:
         CMT_TRACE(kTraceFlow, "[End]. unknown job state. state = [%d]", state.state);
-        thread_detach();
         return 0;
     }
 
-    jfieldID field = jnienv_->GetStaticFieldID(jcls_job_state_, name, kJobStateSignature);
-    jobject jobstate = field != nullptr ? jnienv_->GetStaticObjectField(jcls_job_state_, field) : nullptr;
-    if (jobstate == nullptr) JOB_FAIL("[End]. jnienv_->GetStaticObjectField(jcls_job_state_, field) jobstate = NULL");
-
-    jmethodID mid = jnienv_->GetMethodID(jcls_job_, "<init>", "()V");
-    if (mid == 0) JOB_FAIL("jnienv_->GetMethodID(jcls_job_, <init>, ()V) mid = 0");
-    jobject job = jnienv_->NewObject(jcls_job_, mid);
-    if (job == nullptr) JOB_FAIL("jnienv_->NewObject(jcls_job_, mid) obj = NULL");
-
-    mid = jnienv_->GetMethodID(jcls_job_, "setJobid", "(I)V");
-    if (mid == 0) JOB_FAIL("jnienv_->GetMethodID(jcls_job_, setJobid, (I)V) mid = 0");
-    jnienv_->CallVoidMethod(job, mid, static_cast<jint>(state.user_job_id));
-    JOB_CHECK_CALL();
-
-    mid = jnienv_->GetMethodID(jcls_job_, "setState", "(Ltarnwick/zel/controller/event/job/JobState;)V");
-    if (mid == 0) {
-        JOB_FAIL("jnienv_->GetMethodID(jcls_job_, setState, (Ltarnwick/zel/controller/event/job/JobState;)V) mid = 0");
+    const jclass job_class = jcls_job_.get();
+    const jclass job_state_class = jcls_job_state_.get();
+    jfieldID field = jnienv_->GetStaticFieldID(job_state_class, name, kJobStateSignature);
+    jni::LocalRef<jobject> jobstate(
+        jnienv_, field != nullptr ? jnienv_->GetStaticObjectField(job_state_class, field) : nullptr);
+    if (!jobstate) {
+        CMT_TRACE(kTraceError, "[End]. jnienv_->GetStaticObjectField(jcls_job_state_, field) jobstate = NULL");
+        return call.fail();
     }
-    jnienv_->CallVoidMethod(job, mid, jobstate);
-    JOB_CHECK_CALL();
 
-    mid = jnienv_->GetMethodID(jcls_job_, "setJobMode", "(I)V");
-    if (mid == 0) JOB_FAIL(" jnienv_->GetMethodID(jcls_job_, setJobMode, (I)V) mid = 0");
-    jnienv_->CallVoidMethod(job, mid, static_cast<jint>(state.job_mode));
-    JOB_CHECK_CALL();
+    jmethodID mid = jnienv_->GetMethodID(job_class, "<init>", "()V");
+    if (mid == nullptr) {
+        CMT_TRACE(kTraceError, "jnienv_->GetMethodID(jcls_job_, <init>, ()V) mid = 0");
+        return call.fail();
+    }
+    jni::LocalRef<jobject> job(jnienv_, jnienv_->NewObject(job_class, mid));
+    if (!job) {
+        CMT_TRACE(kTraceError, "jnienv_->NewObject(jcls_job_, mid) obj = NULL");
+        return call.fail();
+    }
 
-    mid = jnienv_->GetMethodID(jcls_job_, "setUserName", "(Ljava/lang/String;)V");
-    if (mid == 0) JOB_FAIL("jnienv_->GetMethodID(jcls_job_, setUserName, (Ljava/lang/String;)V) mid = 0");
-    // The facade's text field need not be terminated: read it within its bounds.
-    char user_name[sizeof state.user_name + 1];
-    std::memcpy(user_name, state.user_name, sizeof state.user_name);
-    user_name[sizeof state.user_name] = '\0';
-    jstring juser_name = jnienv_->NewStringUTF(user_name);
-    if (juser_name == nullptr) JOB_FAIL("jnienv_->NewStringUTF(state.user_name) obj = NULL");
-    jnienv_->CallVoidMethod(job, mid, juser_name);
-    JOB_CHECK_CALL();
+    mid = jnienv_->GetMethodID(job_class, "setJobid", "(I)V");
+    if (mid == nullptr) {
+        CMT_TRACE(kTraceError, "jnienv_->GetMethodID(jcls_job_, setJobid, (I)V) mid = 0");
+        return call.fail();
+    }
+    jnienv_->CallVoidMethod(job.get(), mid, static_cast<jint>(state.user_job_id));
+    if (jni::pending(jnienv_)) return call.fail();
 
-    mid = jnienv_->GetMethodID(jcls_job_, "setIndev", "(I)V");
-    if (mid == 0) JOB_FAIL("jnienv_->GetMethodID(jcls_job_, setIndev, (I)V) mid = 0");
-    jnienv_->CallVoidMethod(job, mid, static_cast<jint>(state.in_dev));
-    JOB_CHECK_CALL();
+    mid = jnienv_->GetMethodID(job_class, "setState", "(Ltarnwick/zel/controller/event/job/JobState;)V");
+    if (mid == nullptr) {
+        CMT_TRACE(kTraceError,
+                  "jnienv_->GetMethodID(jcls_job_, setState, (Ltarnwick/zel/controller/event/job/JobState;)V) mid = 0");
+        return call.fail();
+    }
+    jnienv_->CallVoidMethod(job.get(), mid, jobstate.get());
+    if (jni::pending(jnienv_)) return call.fail();
 
-    mid = jnienv_->GetMethodID(jcls_job_, "setOutdev", "(I)V");
-    if (mid == 0) JOB_FAIL("jnienv_->GetMethodID(jcls_job_, setOutdev, (I)V) mid = 0");
-    jnienv_->CallVoidMethod(job, mid, static_cast<jint>(state.out_dev));
-    JOB_CHECK_CALL();
+    mid = jnienv_->GetMethodID(job_class, "setJobMode", "(I)V");
+    if (mid == nullptr) {
+        CMT_TRACE(kTraceError, " jnienv_->GetMethodID(jcls_job_, setJobMode, (I)V) mid = 0");
+        return call.fail();
+    }
+    jnienv_->CallVoidMethod(job.get(), mid, static_cast<jint>(state.job_mode));
+    if (jni::pending(jnienv_)) return call.fail();
 
-    jnienv_->CallStaticVoidMethod(jcls_job_proxy_, mid_job_state_changed_, job);
-    JOB_CHECK_CALL();
+    mid = jnienv_->GetMethodID(job_class, "setUserName", "(Ljava/lang/String;)V");
+    if (mid == nullptr) {
+        CMT_TRACE(kTraceError, "jnienv_->GetMethodID(jcls_job_, setUserName, (Ljava/lang/String;)V) mid = 0");
+        return call.fail();
+    }
+    jni::LocalRef<jstring> juser_name(jnienv_, jni::new_string_of_field(jnienv_, state.user_name));
+    if (!juser_name) {
+        CMT_TRACE(kTraceError, "jnienv_->NewStringUTF(state.user_name) obj = NULL");
+        return call.fail();
+    }
+    jnienv_->CallVoidMethod(job.get(), mid, juser_name.get());
+    if (jni::pending(jnienv_)) return call.fail();
+
+    mid = jnienv_->GetMethodID(job_class, "setIndev", "(I)V");
+    if (mid == nullptr) {
+        CMT_TRACE(kTraceError, "jnienv_->GetMethodID(jcls_job_, setIndev, (I)V) mid = 0");
+        return call.fail();
+    }
+    jnienv_->CallVoidMethod(job.get(), mid, static_cast<jint>(state.in_dev));
+    if (jni::pending(jnienv_)) return call.fail();
+
+    mid = jnienv_->GetMethodID(job_class, "setOutdev", "(I)V");
+    if (mid == nullptr) {
+        CMT_TRACE(kTraceError, "jnienv_->GetMethodID(jcls_job_, setOutdev, (I)V) mid = 0");
+        return call.fail();
+    }
+    jnienv_->CallVoidMethod(job.get(), mid, static_cast<jint>(state.out_dev));
+    if (jni::pending(jnienv_)) return call.fail();
+
+    jnienv_->CallStaticVoidMethod(jcls_job_proxy_.get(), mid_job_state_changed_, job.get());
+    if (jni::pending(jnienv_)) return call.fail();
     CMT_TRACE(kTraceFlow, "[End]");
-
-    jnienv_->DeleteLocalRef(jobstate);
-    jnienv_->DeleteLocalRef(job);
-    jnienv_->DeleteLocalRef(juser_name);
-    thread_detach();
     return 0;
 }
 

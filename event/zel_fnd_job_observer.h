@@ -5,6 +5,7 @@
 #include <jni.h>
 
 #include "esv_zel_job_observer.h"
+#include "tovr_jni.h"
 
 namespace tarnwick {
 
@@ -37,9 +38,9 @@ private:
 
     JavaVM* vm_;
     JNIEnv* jnienv_;
-    jclass jcls_job_proxy_;
-    jclass jcls_job_;
-    jclass jcls_job_state_;
+    jni::GlobalClass jcls_job_proxy_;
+    jni::GlobalClass jcls_job_;
+    jni::GlobalClass jcls_job_state_;
     jmethodID mid_job_state_changed_;
     jmethodID mid_scan_count_;
     jmethodID mid_start_prohibition_;

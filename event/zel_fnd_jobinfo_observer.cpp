@@ -3,34 +3,23 @@
 
 #include "CJvm.h"
 #include "cmt_trace.h"
-#include "zel_fnd_observer_env.h"
 
 #define CMT_TRACE_MODULE "zel_fnd_jobinfo_observer"
 
 namespace tarnwick {
 
 zel_fnd_jobinfo_observer::zel_fnd_jobinfo_observer()
-    : vm_(nullptr),
-      jnienv_(nullptr),
-      jcls_jobinfo_proxy_(nullptr),
-      jcls_print_page_info_(nullptr),
-      jcls_scan_page_info_(nullptr),
-      jcls_fax_send_page_info_(nullptr),
-      jcls_joblog_info_(nullptr),
-      jcls_interpreter_info_(nullptr),
-      mid_page_(nullptr),
-      mid_job_log_(nullptr),
-      mid_interpreter_(nullptr) {}
+    : vm_(nullptr), jnienv_(nullptr), mid_page_(nullptr), mid_job_log_(nullptr), mid_interpreter_(nullptr) {}
 
 zel_fnd_jobinfo_observer::~zel_fnd_jobinfo_observer() {
     if (vm_ == nullptr) return;
-    JNIEnv* env = zel_fnd_calling_thread_env(vm_);
-    zel_fnd_delete_global(env, &jcls_jobinfo_proxy_);
-    zel_fnd_delete_global(env, &jcls_print_page_info_);
-    zel_fnd_delete_global(env, &jcls_scan_page_info_);
-    zel_fnd_delete_global(env, &jcls_fax_send_page_info_);
-    zel_fnd_delete_global(env, &jcls_joblog_info_);
-    zel_fnd_delete_global(env, &jcls_interpreter_info_);
+    JNIEnv* env = jni::calling_thread_env(vm_);
+    jcls_jobinfo_proxy_.reset(env);
+    jcls_print_page_info_.reset(env);
+    jcls_scan_page_info_.reset(env);
+    jcls_fax_send_page_info_.reset(env);
+    jcls_joblog_info_.reset(env);
+    jcls_interpreter_info_.reset(env);
     thread_detach();
 }
 
@@ -39,37 +28,32 @@ int zel_fnd_jobinfo_observer::init() {
     jint rc = JNI_GetCreatedJavaVMs(&vm_, 1, &count);
     if (rc != JNI_OK) return rc;
     if (!thread_attach()) return 0;
-    if (zel_fnd_find_global_class(jnienv_, "tarnwick/zel/controller/event/proxy/JobInfoProxy", &jcls_jobinfo_proxy_) &&
-        zel_fnd_find_global_class(jnienv_, "tarnwick/zel/controller/event/job/PrintPageInfo", &jcls_print_page_info_) &&
-        zel_fnd_find_global_class(jnienv_, "tarnwick/zel/controller/event/job/ScanPageInfo", &jcls_scan_page_info_) &&
-        zel_fnd_find_global_class(jnienv_, "tarnwick/zel/controller/event/job/FaxSendPageInfo",
-                                  &jcls_fax_send_page_info_) &&
-        zel_fnd_find_global_class(jnienv_, "tarnwick/zel/controller/event/job/JobLogInfo", &jcls_joblog_info_) &&
-        zel_fnd_find_global_class(jnienv_, "tarnwick/zel/controller/event/job/InterpreterInfo",
-                                  &jcls_interpreter_info_)) {
-        const zel_fnd_static_method methods[] = {
+    if (jcls_jobinfo_proxy_.find(jnienv_, "tarnwick/zel/controller/event/proxy/JobInfoProxy") &&
+        jcls_print_page_info_.find(jnienv_, "tarnwick/zel/controller/event/job/PrintPageInfo") &&
+        jcls_scan_page_info_.find(jnienv_, "tarnwick/zel/controller/event/job/ScanPageInfo") &&
+        jcls_fax_send_page_info_.find(jnienv_, "tarnwick/zel/controller/event/job/FaxSendPageInfo") &&
+        jcls_joblog_info_.find(jnienv_, "tarnwick/zel/controller/event/job/JobLogInfo") &&
+        jcls_interpreter_info_.find(jnienv_, "tarnwick/zel/controller/event/job/InterpreterInfo")) {
+        const jni::StaticMethod methods[] = {
             {&jcls_jobinfo_proxy_, "firePageEvent", "(Ljava/lang/Object;)V", &mid_page_},
             {&jcls_jobinfo_proxy_, "fireJobLogEvent", "(Ltarnwick/zel/controller/event/job/JobLogInfo;)V", &mid_job_log_},
             {&jcls_jobinfo_proxy_, "fireInterpreterEvent", "(Ltarnwick/zel/controller/event/job/InterpreterInfo;)V", &mid_interpreter_},
         };
-        zel_fnd_lookup_static_methods(jnienv_, methods);
+        jni::lookup_static_methods(jnienv_, methods);
     }
     return thread_detach();
 }
 
-bool zel_fnd_jobinfo_observer::thread_attach() { return zel_fnd_thread_attach(vm_, &jnienv_); }
+bool zel_fnd_jobinfo_observer::thread_attach() { return jni::attach_thread(vm_, &jnienv_); }
 
-int zel_fnd_jobinfo_observer::thread_detach() { return zel_fnd_thread_detach(vm_); }
+int zel_fnd_jobinfo_observer::thread_detach() { return jni::detach_thread(vm_); }
 
 bool zel_fnd_jobinfo_observer::call_setter(jobject obj, jclass cls, const char* name, const char* signature,
                                            jvalue value) {
     jmethodID mid = jnienv_->GetMethodID(cls, name, signature);
-    if (mid == 0) {
-        zel_fnd_drop_exception(jnienv_);
-        return false;
-    }
+    if (mid == nullptr) return false;
     jnienv_->CallVoidMethodA(obj, mid, &value);
-    return !zel_fnd_drop_exception(jnienv_);
+    return !jni::pending(jnienv_);
 }
 
 bool zel_fnd_jobinfo_observer::set_long(jobject obj, jclass cls, const char* name, jlong value) {
@@ -84,134 +68,136 @@ bool zel_fnd_jobinfo_observer::set_int(jobject obj, jclass cls, const char* name
     return call_setter(obj, cls, name, "(I)V", v);
 }
 
-long zel_fnd_jobinfo_observer::fail() {
-    zel_fnd_drop_exception(jnienv_);
-    thread_detach();
-    return kFailure;
+jobject zel_fnd_jobinfo_observer::new_info(const jni::GlobalClass& cls, const char* operation, const char* message) {
+    jmethodID ctor = jnienv_->GetMethodID(cls.get(), "<init>", "()V");
+    if (ctor == nullptr) return nullptr;
+    jobject obj = jnienv_->NewObject(cls.get(), ctor);
+    if (obj == nullptr) CMT_TRACE_OP(kTraceError, operation, "%s", message);
+    return obj;
 }
 
-long zel_fnd_jobinfo_observer::fire(jmethodID method, jobject object, const char* operation) {
-    jnienv_->CallStaticVoidMethod(jcls_jobinfo_proxy_, method, object);
-    if (zel_fnd_drop_exception(jnienv_)) {
-        jnienv_->DeleteLocalRef(object);
-        thread_detach();
-        return kFailure;
-    }
+long zel_fnd_jobinfo_observer::fire(const Notification& call, jmethodID method, jobject info, const char* operation) {
+    jnienv_->CallStaticVoidMethod(jcls_jobinfo_proxy_.get(), method, info);
+    if (jni::pending(jnienv_)) return call.fail();
     CMT_TRACE_OP(kTraceFlow, operation, "[End]");
-    jnienv_->DeleteLocalRef(object);
-    thread_detach();
     return 0;
 }
 
-// Creates the info object; on failure traces `message` when the object itself could not be made
-// (a missing constructor is not traced) and leaves the notification.
-#define NEW_INFO(obj, cls, message)                                  \
-    jobject obj = nullptr;                                           \
-    {                                                                \
-        jmethodID ctor = jnienv_->GetMethodID(cls, "<init>", "()V"); \
-        if (ctor == 0) return fail();                                \
-        obj = jnienv_->NewObject(cls, ctor);                         \
-        if (obj == nullptr) {                                        \
-            zel_fnd_drop_exception(jnienv_);                         \
-            CMT_TRACE(kTraceError, message);                         \
-            return fail();                                           \
-        }                                                            \
-    }
+// A failed step (a missing method, a setter or fire method that threw, an object or string
+// not made) ends the notification with call.fail(); the info object's local reference goes
+// and the thread detaches as the scope ends.
 
 long zel_fnd_jobinfo_observer::notify_job_update_log(const ESV_ZEL_EVENT_JOB_UPDATE_LOG& log) {
-    if (!thread_attach()) return kFailure;
+    Notification call(*this, jnienv_, kFailure);
+    if (!call.attached()) return kFailure;
     CMT_TRACE(kTraceFlow, "[Start]");
-    NEW_INFO(info, jcls_joblog_info_, "jnienv_->NewObject(jcls_joblog_info_, mid) obj = NULL");
+    jni::LocalRef<jobject> info(
+        jnienv_, new_info(jcls_joblog_info_, __func__, "jnienv_->NewObject(jcls_joblog_info_, mid) obj = NULL"));
+    if (!info) return call.fail();
+    const jclass cls = jcls_joblog_info_.get();
     CMT_TRACE(kTraceFlow, "user_job_id = [%d]", static_cast<int>(log.user_job_id));
-    if (!set_long(info, jcls_joblog_info_, "setUserJobId", static_cast<jlong>(log.user_job_id))) return fail();
+    if (!set_long(info.get(), cls, "setUserJobId", static_cast<jlong>(log.user_job_id))) return call.fail();
     CMT_TRACE(kTraceFlow, "receipt_id = [%d]", static_cast<int>(log.receipt_id));
-    if (!set_long(info, jcls_joblog_info_, "setReceiptId", static_cast<jlong>(log.receipt_id))) return fail();
-    return fire(mid_job_log_, info, __func__);
+    if (!set_long(info.get(), cls, "setReceiptId", static_cast<jlong>(log.receipt_id))) return call.fail();
+    return fire(call, mid_job_log_, info.get(), __func__);
 }
 
 long zel_fnd_jobinfo_observer::notify_fax_send_page_info(const ESV_ZEL_EVENT_SEND_PAGE& page) {
-    if (!thread_attach()) return kFailure;
+    Notification call(*this, jnienv_, kFailure);
+    if (!call.attached()) return kFailure;
     CMT_TRACE(kTraceFlow, "[Start]");
-    NEW_INFO(info, jcls_fax_send_page_info_, "jnienv_->NewObject(jcls_fax_send_page_info_, mid) obj = NULL");
-    jclass cls = jcls_fax_send_page_info_;
+    jni::LocalRef<jobject> info(jnienv_, new_info(jcls_fax_send_page_info_, __func__,
+                                                  "jnienv_->NewObject(jcls_fax_send_page_info_, mid) obj = NULL"));
+    if (!info) return call.fail();
+    const jclass cls = jcls_fax_send_page_info_.get();
     CMT_TRACE(kTraceFlow, "user_job_id = [%d]", static_cast<int>(page.user_job_id));
-    if (!set_long(info, cls, "setUserJobId", static_cast<jlong>(page.user_job_id)) ||
-        !set_long(info, cls, "setPageNum", static_cast<jlong>(page.page_num))) {
-        return fail();
+    if (!set_long(info.get(), cls, "setUserJobId", static_cast<jlong>(page.user_job_id)) ||
+        !set_long(info.get(), cls, "setPageNum", static_cast<jlong>(page.page_num))) {
+        return call.fail();
     }
-    return fire(mid_page_, info, __func__);
+    return fire(call, mid_page_, info.get(), __func__);
 }
 
 long zel_fnd_jobinfo_observer::notify_renint_start_info(const ESV_ZEL_EVENT_RENINT_START& start,
                                                         const char* job_name) {
-    if (!thread_attach()) return kFailure;
+    Notification call(*this, jnienv_, kFailure);
+    if (!call.attached()) return kFailure;
     CMT_TRACE(kTraceFlow, "[Start]");
-    NEW_INFO(info, jcls_interpreter_info_, "jnienv_->NewObject(jcls_interpreter_info_, mid) obj = NULL");
-    jclass cls = jcls_interpreter_info_;
+    jni::LocalRef<jobject> info(jnienv_, new_info(jcls_interpreter_info_, __func__,
+                                                  "jnienv_->NewObject(jcls_interpreter_info_, mid) obj = NULL"));
+    if (!info) return call.fail();
+    const jclass cls = jcls_interpreter_info_.get();
     CMT_TRACE(kTraceFlow, "user_job_id = [%d]", static_cast<int>(start.user_job_id));
-    if (!set_long(info, cls, "setUserJobId", static_cast<jlong>(start.user_job_id)) ||
-        !set_int(info, cls, "setNameSetting", static_cast<jint>(start.name_setting)) ||
-        !set_long(info, cls, "setInterfaceInfo", static_cast<jlong>(start.interface_info))) {
-        return fail();
+    if (!set_long(info.get(), cls, "setUserJobId", static_cast<jlong>(start.user_job_id)) ||
+        !set_int(info.get(), cls, "setNameSetting", static_cast<jint>(start.name_setting)) ||
+        !set_long(info.get(), cls, "setInterfaceInfo", static_cast<jlong>(start.interface_info))) {
+        return call.fail();
     }
     jmethodID mid = jnienv_->GetMethodID(cls, "setJobName", "(Ljava/lang/String;)V");
-    if (mid == 0) return fail();
+    if (mid == nullptr) return call.fail();
     // A missing name cannot be converted: it fails like a refused conversion.
-    jstring name = job_name != nullptr ? jnienv_->NewStringUTF(job_name) : nullptr;
-    if (name == nullptr) {
-        zel_fnd_drop_exception(jnienv_);
+    jni::LocalRef<jstring> name(jnienv_, job_name != nullptr ? jnienv_->NewStringUTF(job_name) : nullptr);
+    if (!name) {
         CMT_TRACE(kTraceError, "jnienv_->NewStringUTF(job_name) obj = NULL");
-        return fail();
+        return call.fail();
     }
-    jnienv_->CallVoidMethod(info, mid, name);
-    if (zel_fnd_drop_exception(jnienv_)) return fail();
-    jnienv_->DeleteLocalRef(name);
-    return fire(mid_interpreter_, info, __func__);
+    jnienv_->CallVoidMethod(info.get(), mid, name.get());
+    if (jni::pending(jnienv_)) return call.fail();
+    name.reset();
+    return fire(call, mid_interpreter_, info.get(), __func__);
 }
 
 long zel_fnd_jobinfo_observer::notify_print_page_info(const ESV_ZEL_EVENT_PRINT_PAGE& page) {
-    if (!thread_attach()) return kFailure;
+    Notification call(*this, jnienv_, kFailure);
+    if (!call.attached()) return kFailure;
     CMT_TRACE(kTraceFlow, "[Start]");
-    NEW_INFO(info, jcls_print_page_info_, "jnienv_->NewObject(jcls_print_page_info_, mid) obj = NULL");
-    jclass cls = jcls_print_page_info_;
+    jni::LocalRef<jobject> info(jnienv_, new_info(jcls_print_page_info_, __func__,
+                                                  "jnienv_->NewObject(jcls_print_page_info_, mid) obj = NULL"));
+    if (!info) return call.fail();
+    const jobject obj = info.get();
+    const jclass cls = jcls_print_page_info_.get();
     CMT_TRACE(kTraceFlow, "user_job_id = [%d]", static_cast<int>(page.user_job_id));
-    if (!set_long(info, cls, "setUserJobId", static_cast<jlong>(page.user_job_id)) ||
-        !set_long(info, cls, "setPageNum", static_cast<jlong>(page.page_num)) ||
-        !set_int(info, cls, "setOutputDev", page.output_dev) ||
-        !set_int(info, cls, "setInputDev", page.input_dev) ||
-        !set_int(info, cls, "setCustomX", static_cast<jint>(page.custom_x)) ||
-        !set_int(info, cls, "setCustomY", static_cast<jint>(page.custom_y)) ||
-        !set_int(info, cls, "setPaperSize", page.paper_size) ||
-        !set_int(info, cls, "setPaperType", page.paper_type) ||
-        !set_int(info, cls, "setPaperDir", page.paper_dir) ||
-        !set_int(info, cls, "setPaperWeight", page.paper_weight) ||
-        !set_int(info, cls, "setDuplex", page.duplex) ||
-        !set_int(info, cls, "setStaple", page.staple) ||
-        !set_int(info, cls, "setPunch", page.punch) ||
-        !set_int(info, cls, "setColorMode", page.color_mode)) {
-        return fail();
+    if (!set_long(obj, cls, "setUserJobId", static_cast<jlong>(page.user_job_id)) ||
+        !set_long(obj, cls, "setPageNum", static_cast<jlong>(page.page_num)) ||
+        !set_int(obj, cls, "setOutputDev", page.output_dev) ||
+        !set_int(obj, cls, "setInputDev", page.input_dev) ||
+        !set_int(obj, cls, "setCustomX", static_cast<jint>(page.custom_x)) ||
+        !set_int(obj, cls, "setCustomY", static_cast<jint>(page.custom_y)) ||
+        !set_int(obj, cls, "setPaperSize", page.paper_size) ||
+        !set_int(obj, cls, "setPaperType", page.paper_type) ||
+        !set_int(obj, cls, "setPaperDir", page.paper_dir) ||
+        !set_int(obj, cls, "setPaperWeight", page.paper_weight) ||
+        !set_int(obj, cls, "setDuplex", page.duplex) ||
+        !set_int(obj, cls, "setStaple", page.staple) ||
+        !set_int(obj, cls, "setPunch", page.punch) ||
+        !set_int(obj, cls, "setColorMode", page.color_mode)) {
+        return call.fail();
     }
-    return fire(mid_page_, info, __func__);
+    return fire(call, mid_page_, obj, __func__);
 }
 
 long zel_fnd_jobinfo_observer::notify_scan_page_info(const ESV_ZEL_EVENT_SCAN_PAGE& page) {
-    if (!thread_attach()) return kFailure;
+    Notification call(*this, jnienv_, kFailure);
+    if (!call.attached()) return kFailure;
     CMT_TRACE(kTraceFlow, "[Start]");
-    NEW_INFO(info, jcls_scan_page_info_, "jnienv_->NewObject(jcls_scan_page_info_, mid) obj = NULL");
-    jclass cls = jcls_scan_page_info_;
+    jni::LocalRef<jobject> info(jnienv_, new_info(jcls_scan_page_info_, __func__,
+                                                  "jnienv_->NewObject(jcls_scan_page_info_, mid) obj = NULL"));
+    if (!info) return call.fail();
+    const jobject obj = info.get();
+    const jclass cls = jcls_scan_page_info_.get();
     CMT_TRACE(kTraceFlow, "user_job_id = [%d]", static_cast<int>(page.user_job_id));
-    if (!set_long(info, cls, "setUserJobId", static_cast<jlong>(page.user_job_id)) ||
-        !set_long(info, cls, "setPageNum", static_cast<jlong>(page.page_num)) ||
-        !set_int(info, cls, "setCustomX", static_cast<jint>(page.custom_x)) ||
-        !set_int(info, cls, "setCustomY", static_cast<jint>(page.custom_y)) ||
-        !set_int(info, cls, "setPaperSize", page.paper_size) ||
-        !set_int(info, cls, "setPaperDir", page.paper_dir) ||
-        !set_int(info, cls, "setDuplex", page.duplex) ||
-        !set_int(info, cls, "setColorMode", page.color_mode) ||
-        !set_int(info, cls, "setResolution", page.resolution)) {
-        return fail();
+    if (!set_long(obj, cls, "setUserJobId", static_cast<jlong>(page.user_job_id)) ||
+        !set_long(obj, cls, "setPageNum", static_cast<jlong>(page.page_num)) ||
+        !set_int(obj, cls, "setCustomX", static_cast<jint>(page.custom_x)) ||
+        !set_int(obj, cls, "setCustomY", static_cast<jint>(page.custom_y)) ||
+        !set_int(obj, cls, "setPaperSize", page.paper_size) ||
+        !set_int(obj, cls, "setPaperDir", page.paper_dir) ||
+        !set_int(obj, cls, "setDuplex", page.duplex) ||
+        !set_int(obj, cls, "setColorMode", page.color_mode) ||
+        !set_int(obj, cls, "setResolution", page.resolution)) {
+        return call.fail();
     }
-    return fire(mid_page_, info, __func__);
+    return fire(call, mid_page_, obj, __func__);
 }
 
 }  // namespace tarnwick

@@ -6,6 +6,7 @@
 #include <jni.h>
 
 #include "esv_zel_jobinfo_observer.h"
+#include "tovr_jni.h"
 
 namespace tarnwick {
 
@@ -31,24 +32,29 @@ private:
     zel_fnd_jobinfo_observer(const zel_fnd_jobinfo_observer&) = delete;
     zel_fnd_jobinfo_observer& operator=(const zel_fnd_jobinfo_observer&) = delete;
 
+    // One notification on the facade thread, answering kFailure when a step fails.
+    using Notification = jni::Notification<zel_fnd_jobinfo_observer, long>;
+
     // Looks a setter up on `cls` and calls it on `obj`; false when the lookup fails or the
-    // setter throws (the exception is described and cleared).
+    // setter throws (the exception stays pending for the notification's fail()).
     bool call_setter(jobject obj, jclass cls, const char* name, const char* signature, jvalue value);
     bool set_long(jobject obj, jclass cls, const char* name, jlong value);
     bool set_int(jobject obj, jclass cls, const char* name, jint value);
-    // Fires `object` through `method`, deletes it and detaches; the notification's answer.
-    long fire(jmethodID method, jobject object, const char* operation);
-    // Detaches after a failed step; the failure answer.
-    long fail();
+    // Creates an info object of `cls` with its no-argument constructor; null when that fails,
+    // after tracing `message` under `operation` when the object itself could not be made (a
+    // missing constructor is not traced).
+    jobject new_info(const jni::GlobalClass& cls, const char* operation, const char* message);
+    // Fires `info` through `method` and traces "[End]": the notification's answer.
+    long fire(const Notification& call, jmethodID method, jobject info, const char* operation);
 
     JavaVM* vm_;
     JNIEnv* jnienv_;
-    jclass jcls_jobinfo_proxy_;
-    jclass jcls_print_page_info_;
-    jclass jcls_scan_page_info_;
-    jclass jcls_fax_send_page_info_;
-    jclass jcls_joblog_info_;
-    jclass jcls_interpreter_info_;
+    jni::GlobalClass jcls_jobinfo_proxy_;
+    jni::GlobalClass jcls_print_page_info_;
+    jni::GlobalClass jcls_scan_page_info_;
+    jni::GlobalClass jcls_fax_send_page_info_;
+    jni::GlobalClass jcls_joblog_info_;
+    jni::GlobalClass jcls_interpreter_info_;
     jmethodID mid_page_;
     jmethodID mid_job_log_;
     jmethodID mid_interpreter_;

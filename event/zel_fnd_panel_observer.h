@@ -5,6 +5,7 @@
 #include <jni.h>
 
 #include "esv_zel_panel_facade.h"
+#include "tovr_jni.h"
 
 namespace tarnwick {
 
@@ -29,7 +30,7 @@ private:
 
     JavaVM* vm_;
     JNIEnv* jnienv_;
-    jclass jcls_panel_proxy_;
+    jni::GlobalClass jcls_panel_proxy_;
     jmethodID mid_appl_start_;
     jmethodID mid_auto_reset_;
 };
