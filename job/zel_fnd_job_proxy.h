@@ -14,7 +14,7 @@
 namespace tarnwick {
 
 // Texts of a job whose buffer size get_char_array_size gives; Java uses the numbers.
-enum ZEL_FND_JOB_CHAR_ARRAY_SIZE_KEY {
+enum ZEL_FND_JOB_CHAR_ARRAY_SIZE_KEY : int {
     ZEL_FND_JOB_CHAR_ARRAY_SIZE_KEY_0 = 0,
     ZEL_FND_JOB_CHAR_ARRAY_SIZE_KEY_1 = 1,
     ZEL_FND_JOB_CHAR_ARRAY_SIZE_KEY_2 = 2,
