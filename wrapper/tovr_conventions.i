@@ -5,6 +5,14 @@
 // array members, fixed scalar arrays (arrays_java.i), delete_X(0) and the __SWIG_N overload
 // suffixes. What follows overrides the places where its defaults differ from what the Java
 // side of the device expects, and adds what it lacks.
+//
+// A module's interface file reads, in this order: "// package <java.package>" on its first
+// line; %module; %include "tovr_conventions.i"; the %{ #include %} of its headers; then, per
+// real header, the %ignore of what the module keeps internal followed by %include "x.h" (no
+// ../ paths: SWIG's include path holds every source folder); no class, record or enumeration
+// is declared again by hand. A record or constant that several modules expose comes from one
+// shared piece, an interface file without a package line (esv_zel_max_sizes.i,
+// esv_zel_job_state.i), which each of them includes and so gets its own natives for.
 
 %include <typemaps.i>
 %include <std_string.i>
