@@ -148,6 +148,43 @@ TEST_F(SimControl, OverloadsAreRecordedUnderTheFacadeFunctionsOwnName) {
     EXPECT_EQ(5u, calls[2].args.size());
 }
 
+TEST_F(SimControl, TheJobFacadeShowsKeyFieldsOfRecordsAndSizesOfListsAndLeavesOutputRecordsOut) {
+    esv_zel_job_facade* f = esv_zel_job_facade::esv_zel_job_get_instance();
+    ESV_ZEL_JOB_SEND_INFO info{};
+    info.address_type = ESV_ZEL_JOB_ADDRESS_TYPE_FAX;
+    unsigned int address_id = 4;
+    f->esv_zel_job_add_address(3, address_id, info);
+    ESV_ZEL_BOX_JOB_INIT_SETTING box{};
+    box.box_job_type = 2;
+    box.box_id = 4000000000u;
+    f->esv_zel_job_box_job_prepare(3, box);
+    ESV_ZEL_PHB_COMBINE_DOC_INFO combine{};
+    combine.box_id = 12;
+    f->esv_zel_job_combine_document(3, combine);
+    std::vector<unsigned int> ids = {1, 2};
+    unsigned int count = 9;
+    f->esv_zel_job_get_address_id(3, count, ids);
+    f->esv_zel_job_get_job_list(ESV_ZEL_JOB_KIND_ALL, ids);
+    ESV_ZEL_PHB_GET_MESSAGE message{};
+    f->esv_zel_job_get_main_message(3, message);
+    ESV_ZEL_JOB_GET_SCAN_DATA data{};
+    f->esv_zel_job_get_scan_data(101, data);
+    f->esv_zel_job_get_address(3, 1, info);
+    ESV_ZEL_JOBINFO_SEND_INFO send{};
+    esv_zel_jobinfo_facade::esv_zel_jobinfo_get_instance()->esv_zel_jobinfo_get_send_info(send);
+
+    auto args = [](const char* op) { return tovr_sim::calls(op).at(0).args; };
+    EXPECT_EQ((std::vector<std::string>{"3", "4", std::to_string(ESV_ZEL_JOB_ADDRESS_TYPE_FAX)}), args("esv_zel_job_add_address"));
+    EXPECT_EQ((std::vector<std::string>{"3", "2", "4000000000"}), args("esv_zel_job_box_job_prepare"));
+    EXPECT_EQ((std::vector<std::string>{"3", "12"}), args("esv_zel_job_combine_document"));
+    EXPECT_EQ((std::vector<std::string>{"3", "9", "2"}), args("esv_zel_job_get_address_id"));
+    EXPECT_EQ((std::vector<std::string>{std::to_string(ESV_ZEL_JOB_KIND_ALL), "2"}), args("esv_zel_job_get_job_list"));
+    EXPECT_EQ((std::vector<std::string>{"3"}), args("esv_zel_job_get_main_message"));
+    EXPECT_EQ((std::vector<std::string>{"101"}), args("esv_zel_job_get_scan_data"));
+    EXPECT_EQ((std::vector<std::string>{"3", "1"}), args("esv_zel_job_get_address"));
+    EXPECT_TRUE(args("esv_zel_jobinfo_get_send_info").empty());
+}
+
 // ---------------------------------------------------------------------------------------------
 // Forced outputs
 
