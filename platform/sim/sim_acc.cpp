@@ -20,21 +20,13 @@ esv_zel_acc_facade* esv_zel_acc_facade::esv_zel_acc_get_instance() {
 }
 
 unsigned long esv_zel_acc_facade::esv_zel_acc_add_observer(esv_zel_acc_observer* observer) {
-    long forced;
-    if (tovr_sim::intercept("esv_zel_acc_add_observer", {tovr_sim::arg(observer)}, {observer},
-                            &forced)) {
-        return static_cast<unsigned long>(forced);
-    }
+    TOVR_SIM_RECORD(unsigned long, observer);
     tovr_sim::acc_facade().observers().add(observer);
     return 0;
 }
 
 unsigned long esv_zel_acc_facade::esv_zel_acc_remove_observer(esv_zel_acc_observer* observer) {
-    long forced;
-    if (tovr_sim::intercept("esv_zel_acc_remove_observer", {tovr_sim::arg(observer)}, {observer},
-                            &forced)) {
-        return static_cast<unsigned long>(forced);
-    }
+    TOVR_SIM_RECORD(unsigned long, observer);
     tovr_sim::acc_facade().observers().remove(observer);
     return 0;
 }

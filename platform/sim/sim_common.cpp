@@ -19,21 +19,13 @@ esv_zel_common_facade* esv_zel_common_facade::esv_zel_common_get_instance() {
 }
 
 unsigned long esv_zel_common_facade::esv_zel_common_add_observer(esv_zel_common_observer* observer) {
-    long forced;
-    if (tovr_sim::intercept("esv_zel_common_add_observer", {tovr_sim::arg(observer)}, {observer},
-                            &forced)) {
-        return static_cast<unsigned long>(forced);
-    }
+    TOVR_SIM_RECORD(unsigned long, observer);
     tovr_sim::common_facade().observers().add(observer);
     return 0;
 }
 
 unsigned long esv_zel_common_facade::esv_zel_common_remove_observer(esv_zel_common_observer* observer) {
-    long forced;
-    if (tovr_sim::intercept("esv_zel_common_remove_observer", {tovr_sim::arg(observer)}, {observer},
-                            &forced)) {
-        return static_cast<unsigned long>(forced);
-    }
+    TOVR_SIM_RECORD(unsigned long, observer);
     tovr_sim::common_facade().observers().remove(observer);
     return 0;
 }

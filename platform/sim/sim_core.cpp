@@ -37,6 +37,7 @@ struct State {
     std::vector<ProcessRegistration> registrations;
     std::set<void*> blocks;
     int fail_alloc = 0;
+    std::vector<std::string> output_refusals;
     struct Partition {
         unsigned char* base = nullptr;
         std::size_t size = 0;
@@ -116,15 +117,21 @@ void reset() {
     s.forced.clear();
     s.registrations.clear();
     s.fail_alloc = 0;
+    s.output_refusals.clear();
 }
 
-bool intercept(const char* op, std::initializer_list<std::string> args, const Params& params,
-               long* result) {
+namespace {
+// The shapes of the call whose forcing runs on this thread (null when not described).
+thread_local const Shapes* t_shapes = nullptr;
+}  // namespace
+
+bool intercept(const char* op, std::vector<std::string> args, const Params& params,
+               const Shapes& shapes, long* result) {
     Forcing fn;
     {
         State& s = state();
         std::lock_guard<std::mutex> lock(s.mutex);
-        s.calls.push_back(Call{op, std::vector<std::string>(args)});
+        s.calls.push_back(Call{op, std::move(args)});
         auto it = s.forced.find(op);
         if (it == s.forced.end() || it->second.empty()) return false;
         Forced& f = it->second.front();
@@ -132,8 +139,199 @@ bool intercept(const char* op, std::initializer_list<std::string> args, const Pa
         if (f.times > 0 && --f.times == 0) it->second.pop_front();
     }
     // Outside the lock: a forcing may itself call into the device.
+    const Shapes* outer = t_shapes;
+    t_shapes = shapes.empty() ? nullptr : &shapes;
     *result = fn(params);
+    t_shapes = outer;
     return true;
+}
+
+bool intercept(const char* op, std::initializer_list<std::string> args, const Params& params,
+               long* result) {
+    return intercept(op, std::vector<std::string>(args), params, Shapes{}, result);
+}
+
+// ----- forced outputs -----
+
+namespace {
+
+struct OutputKind {
+    enum What { number, string, chars, bytes } what = number;
+    std::size_t size = 0;
+};
+
+// "char[N]" / "bytes[N]" with N from 1 to 16 MiB.
+bool parse_sized(const std::string& kind, const std::string& name, std::size_t* size) {
+    if (kind.size() < name.size() + 3 || kind.compare(0, name.size() + 1, name + "[") != 0 || kind.back() != ']') {
+        return false;
+    }
+    const std::string digits = kind.substr(name.size() + 1, kind.size() - name.size() - 2);
+    if (digits.empty() || digits.size() > 8 || digits.find_first_not_of("0123456789") != std::string::npos) return false;
+    *size = static_cast<std::size_t>(std::stoul(digits));
+    return *size >= 1 && *size <= (std::size_t{1} << 24);
+}
+
+bool parse_kind(const std::string& kind, OutputKind* out) {
+    static const std::map<std::string, std::size_t> numbers = {
+        {"int8", 1},  {"uint8", 1},  {"int16", 2},           {"uint16", 2},
+        {"int32", 4}, {"uint32", 4}, {"int64", 8},           {"uint64", 8},
+        {"long", sizeof(long)},      {"ulong", sizeof(unsigned long)},
+    };
+    auto n = numbers.find(kind);
+    if (n != numbers.end()) {
+        *out = OutputKind{OutputKind::number, n->second};
+        return true;
+    }
+    if (kind == "string") {
+        *out = OutputKind{OutputKind::string, 0};
+        return true;
+    }
+    std::size_t size = 0;
+    if (parse_sized(kind, "char", &size)) {
+        *out = OutputKind{OutputKind::chars, size};
+        return true;
+    }
+    if (parse_sized(kind, "bytes", &size)) {
+        *out = OutputKind{OutputKind::bytes, size};
+        return true;
+    }
+    return false;
+}
+
+// Empty when `kind` may be written `offset` bytes into an argument of `shape`, else why not.
+std::string misfit(const Shape& shape, const OutputKind& kind, std::size_t offset) {
+    switch (shape.kind) {
+        case Shape::unknown:
+            return std::string();
+        case Shape::other:
+            return "the argument is not an output the device writes";
+        case Shape::integer:
+            if (kind.what != OutputKind::number) return "the argument is a number";
+            if (offset != 0) return "an offset into a number";
+            if (kind.size != shape.size) {
+                return "the argument has " + std::to_string(shape.size) + " bytes, the kind " +
+                       std::to_string(kind.size);
+            }
+            return std::string();
+        case Shape::string:
+            if (kind.what != OutputKind::string || offset != 0) return "the argument is a std::string";
+            return std::string();
+        case Shape::record:
+            if (kind.what == OutputKind::string) return "the argument is a record, not a std::string";
+            if (offset > shape.size || kind.size > shape.size - offset) {
+                return "past the end of the record (" + std::to_string(shape.size) + " bytes)";
+            }
+            return std::string();
+        case Shape::buffer:
+            if (kind.what == OutputKind::string) return "the argument is a character buffer, not a std::string";
+            return std::string();
+    }
+    return "unknown shape";
+}
+
+void write_number(void* at, std::size_t size, long long number) {
+    const unsigned long long v = static_cast<unsigned long long>(number);
+    switch (size) {
+        case 1: { std::uint8_t x = static_cast<std::uint8_t>(v); std::memcpy(at, &x, 1); break; }
+        case 2: { std::uint16_t x = static_cast<std::uint16_t>(v); std::memcpy(at, &x, 2); break; }
+        case 4: { std::uint32_t x = static_cast<std::uint32_t>(v); std::memcpy(at, &x, 4); break; }
+        default: { std::uint64_t x = static_cast<std::uint64_t>(v); std::memcpy(at, &x, 8); break; }
+    }
+}
+
+void refuse(const std::string& op, const Output& o, const std::string& why) {
+    State& s = state();
+    std::lock_guard<std::mutex> lock(s.mutex);
+    s.output_refusals.push_back(op + ": argument " + std::to_string(o.index) + ": " + why);
+}
+
+void write_output(const std::string& op, const Params& params, const Output& o) {
+    OutputKind kind;
+    if (!parse_kind(o.kind, &kind)) return refuse(op, o, "unknown kind " + o.kind);
+    if (o.index < 0 || static_cast<std::size_t>(o.index) >= params.size()) {
+        return refuse(op, o, "the call has " + std::to_string(params.size()) + " arguments");
+    }
+    void* target = params[static_cast<std::size_t>(o.index)];
+    if (target == nullptr) return refuse(op, o, "the argument is null");
+    Shape shape;
+    if (t_shapes && static_cast<std::size_t>(o.index) < t_shapes->size()) shape = (*t_shapes)[o.index];
+    const std::string why = misfit(shape, kind, o.offset);
+    if (!why.empty()) return refuse(op, o, why);
+    unsigned char* at = static_cast<unsigned char*>(target) + o.offset;
+    switch (kind.what) {
+        case OutputKind::number:
+            write_number(at, kind.size, o.number);
+            break;
+        case OutputKind::string:
+            *reinterpret_cast<std::string*>(at) = o.text;
+            break;
+        case OutputKind::chars:
+            std::memset(at, 0, kind.size);
+            std::memcpy(at, o.text.data(), std::min(o.text.size(), kind.size - 1));
+            break;
+        case OutputKind::bytes:
+            std::memset(at, 0, kind.size);
+            std::memcpy(at, o.bytes.data(), std::min(o.bytes.size(), kind.size));
+            break;
+    }
+}
+
+}  // namespace
+
+Output output_number(int index, const std::string& kind, long long number, std::size_t offset) {
+    Output o;
+    o.index = index;
+    o.offset = offset;
+    o.kind = kind;
+    o.number = number;
+    return o;
+}
+
+Output output_text(int index, const std::string& kind, const std::string& text, std::size_t offset) {
+    Output o;
+    o.index = index;
+    o.offset = offset;
+    o.kind = kind;
+    o.text = text;
+    return o;
+}
+
+Output output_bytes(int index, const std::string& kind, const std::vector<unsigned char>& bytes,
+                    std::size_t offset) {
+    Output o;
+    o.index = index;
+    o.offset = offset;
+    o.kind = kind;
+    o.bytes = bytes;
+    return o;
+}
+
+bool valid_output_kind(const std::string& kind) {
+    OutputKind k;
+    return parse_kind(kind, &k);
+}
+
+bool force_outputs(const std::string& op, long result, const std::vector<Output>& outputs, int times) {
+    for (const Output& o : outputs) {
+        if (!valid_output_kind(o.kind) || o.index < 0) return false;
+    }
+    force(op,
+          [op, result, outputs](const Params& params) {
+              for (const Output& o : outputs) write_output(op, params, o);
+              return result;
+          },
+          times);
+    return true;
+}
+
+bool force_output(const std::string& op, long result, const Output& output, int times) {
+    return force_outputs(op, result, std::vector<Output>{output}, times);
+}
+
+std::vector<std::string> output_refusals() {
+    State& s = state();
+    std::lock_guard<std::mutex> lock(s.mutex);
+    return s.output_refusals;
 }
 
 std::string arg(const char* s) { return s ? std::string(s) : std::string("null"); }
@@ -193,7 +391,7 @@ void resource_closed(const std::string& kind) {
 }
 
 int open_resources(const std::string& kind) {
-    if (kind == "platform block") return outstanding_blocks();
+    if (kind == kPlatformBlock) return outstanding_blocks();
     std::lock_guard<std::mutex> lock(resources_mutex());
     auto it = resources().find(kind);
     return it == resources().end() ? 0 : it->second;
@@ -304,7 +502,8 @@ extern "C" void* emwOSWSubAllocMem(size_t size) {
     return p;
 }
 
-extern "C" int emwOSWOrgFreeMemPart(int, void* block) {
+extern "C" int emwOSWOrgFreeMemPart(int part, void* block) {
+    TOVR_SIM_RECORD(int, part, block);
     tovr_sim::State& s = state();
     std::lock_guard<std::mutex> lock(s.mutex);
     auto it = s.blocks.find(block);
@@ -316,11 +515,7 @@ extern "C" int emwOSWOrgFreeMemPart(int, void* block) {
 
 extern "C" EMWRET emwOSWIpcCreateMemPart(EMWOSW_MEMPART_HANDLE* handle, const char* name,
                                          unsigned long size) {
-    long forced;
-    if (tovr_sim::intercept("emwOSWIpcCreateMemPart", {tovr_sim::arg(name), tovr_sim::arg(size)},
-                            {handle, const_cast<char*>(name), &size}, &forced)) {
-        return forced;
-    }
+    TOVR_SIM_RECORD(EMWRET, tovr_sim::unrecorded(handle), name, size);
     tovr_sim::State& s = state();
     std::lock_guard<std::mutex> lock(s.mutex);
     tovr_sim::partition_locked(s, name, size);
@@ -335,12 +530,7 @@ extern "C" EMWRET emwOSWIpcCreateMemPart(EMWOSW_MEMPART_HANDLE* handle, const ch
 
 extern "C" EMWRET emwOSWIpcGetBlockByIdMemPart(EMWOSW_MEMPART_HANDLE handle, unsigned long block_id,
                                                void** block) {
-    long forced;
-    if (tovr_sim::intercept("emwOSWIpcGetBlockByIdMemPart",
-                            {tovr_sim::arg(handle), tovr_sim::arg(block_id)},
-                            {&handle, &block_id, block}, &forced)) {
-        return forced;
-    }
+    TOVR_SIM_RECORD(EMWRET, handle, block_id, tovr_sim::unrecorded(block));
     tovr_sim::State& s = state();
     std::lock_guard<std::mutex> lock(s.mutex);
     auto name = s.partition_names.find(handle);
@@ -364,12 +554,7 @@ extern "C" int sys_prcm_lib_process_init(int argument_count, char** arguments) {
         std::lock_guard<std::mutex> lock(s.mutex);
         s.registrations.push_back(tovr_sim::ProcessRegistration{argument_count, args});
     }
-    long forced;
-    if (tovr_sim::intercept("sys_prcm_lib_process_init",
-                            {tovr_sim::arg(argument_count), args.empty() ? "" : args[0]},
-                            {&argument_count, arguments}, &forced)) {
-        return static_cast<int>(forced);
-    }
+    TOVR_SIM_RECORD(int, argument_count, tovr_sim::shown(arguments, args.empty() ? std::string() : args[0]));
     return 0;
 }
 

@@ -33,6 +33,9 @@ void reset_joblog() {
     std::lock_guard<std::mutex> lock(j.mutex);
     j.entries.clear();
     j.next_receipt = 5001;
+    // Lists left open are dropped with the log.
+    if (j.send_list_open) resource_closed(kListHandle);
+    if (j.receive_list_open) resource_closed(kListHandle);
     j.send_list_open = false;
     j.send_list.clear();
     j.send_pos = 0;
@@ -41,42 +44,21 @@ void reset_joblog() {
     j.receive_pos = 0;
 }
 
-FacadeThread& jobinfo_thread() {
-    static FacadeThread* t = new FacadeThread("jobinfo");
-    return *t;
-}
-
-ObserverSet<esv_zel_jobinfo_observer>& jobinfo_observers() {
-    static auto* s = new ObserverSet<esv_zel_jobinfo_observer>;
-    return *s;
-}
-
-namespace {
-
-Answers deliver(std::function<unsigned long(esv_zel_jobinfo_observer*)> fn) {
-    FacadeThread& t = jobinfo_thread();
-    if (t.on_this_thread()) return jobinfo_observers().deliver(fn);
-    auto out = std::make_shared<Answers>();
-    t.post([fn, out] {
-         *out = jobinfo_observers().deliver(fn);
-         return 0UL;
-     }).get();
-    return *out;
-}
-
-}  // namespace
 }  // namespace jobsim
 
-using jobsim::deliver;
+JobinfoFacade& jobinfo_facade() {
+    static JobinfoFacade* f = new JobinfoFacade("jobinfo");  // outlives static destruction
+    return *f;
+}
 
 Answers raise_job_update_log(const ESV_ZEL_EVENT_JOB_UPDATE_LOG& log) {
-    return deliver([log](esv_zel_jobinfo_observer* o) {
+    return jobinfo_facade().raise([log](esv_zel_jobinfo_observer* o) {
         return static_cast<unsigned long>(o->notify_job_update_log(log));
     });
 }
 
 Answers raise_fax_send_page_info(const ESV_ZEL_EVENT_SEND_PAGE& page) {
-    return deliver([page](esv_zel_jobinfo_observer* o) {
+    return jobinfo_facade().raise([page](esv_zel_jobinfo_observer* o) {
         return static_cast<unsigned long>(o->notify_fax_send_page_info(page));
     });
 }
@@ -84,39 +66,31 @@ Answers raise_fax_send_page_info(const ESV_ZEL_EVENT_SEND_PAGE& page) {
 Answers raise_renint_start_info(const ESV_ZEL_EVENT_RENINT_START& info, const char* job_name) {
     // The text lives until the notification is answered; null stays null.
     std::shared_ptr<std::string> name = job_name ? std::make_shared<std::string>(job_name) : nullptr;
-    return deliver([info, name](esv_zel_jobinfo_observer* o) {
+    return jobinfo_facade().raise([info, name](esv_zel_jobinfo_observer* o) {
         return static_cast<unsigned long>(o->notify_renint_start_info(info, name ? name->c_str() : nullptr));
     });
 }
 
 Answers raise_print_page_info(const ESV_ZEL_EVENT_PRINT_PAGE& page) {
-    return deliver([page](esv_zel_jobinfo_observer* o) {
+    return jobinfo_facade().raise([page](esv_zel_jobinfo_observer* o) {
         return static_cast<unsigned long>(o->notify_print_page_info(page));
     });
 }
 
 Answers raise_scan_page_info(const ESV_ZEL_EVENT_SCAN_PAGE& page) {
-    return deliver([page](esv_zel_jobinfo_observer* o) {
+    return jobinfo_facade().raise([page](esv_zel_jobinfo_observer* o) {
         return static_cast<unsigned long>(o->notify_scan_page_info(page));
     });
 }
 
-Answers jobinfo_raise(JobinfoNotification fn) { return deliver(std::move(fn)); }
+Answers jobinfo_raise(JobinfoNotification fn) { return jobinfo_facade().raise(std::move(fn)); }
 
-std::future<Answers> jobinfo_post(JobinfoNotification fn) {
-    auto promise = std::make_shared<std::promise<Answers>>();
-    std::future<Answers> answers = promise->get_future();
-    jobsim::jobinfo_thread().post([fn, promise] {
-        promise->set_value(jobsim::jobinfo_observers().deliver(fn));
-        return 0UL;
-    });
-    return answers;
-}
+std::future<Answers> jobinfo_post(JobinfoNotification fn) { return jobinfo_facade().post(std::move(fn)); }
 
-std::size_t jobinfo_observer_count() { return jobsim::jobinfo_observers().size(); }
+std::size_t jobinfo_observer_count() { return jobinfo_facade().observers().size(); }
 
 bool jobinfo_observer_registered(esv_zel_jobinfo_observer* observer) {
-    return jobsim::jobinfo_observers().contains(observer);
+    return jobinfo_facade().observers().contains(observer);
 }
 
 unsigned int add_joblog(ESV_ZEL_JOBINFO_JOBLOG log, const std::vector<ESV_ZEL_JOBINFO_SEND_INFO>& sends,
@@ -131,7 +105,6 @@ unsigned int add_joblog(ESV_ZEL_JOBINFO_JOBLOG log, const std::vector<ESV_ZEL_JO
 
 namespace tarnwick {
 
-using tovr_sim::arg;
 using tovr_sim::jobsim::joblog;
 using tovr_sim::jobsim::JobLog;
 
@@ -143,19 +116,17 @@ esv_zel_jobinfo_facade* esv_zel_jobinfo_facade::esv_zel_jobinfo_get_instance() {
 }
 
 long esv_zel_jobinfo_facade::esv_zel_jobinfo_add_observer(esv_zel_jobinfo_observer* observer) {
-    long forced;
-    if (tovr_sim::intercept("esv_zel_jobinfo_add_observer", {arg(observer)}, {observer}, &forced)) return forced;
+    TOVR_SIM_RECORD(long, observer);
     if (!observer) return ESV_ZEL_JOBINFO_PARAM_ERROR;
-    auto& set = tovr_sim::jobsim::jobinfo_observers();
+    auto& set = tovr_sim::jobinfo_facade().observers();
     if (set.contains(observer)) return ESV_ZEL_JOBINFO_DUPL_OBSERVER;
     set.add(observer);
     return ESV_ZEL_JOBINFO_OK;
 }
 
 long esv_zel_jobinfo_facade::esv_zel_jobinfo_remove_observer(esv_zel_jobinfo_observer* observer) {
-    long forced;
-    if (tovr_sim::intercept("esv_zel_jobinfo_remove_observer", {arg(observer)}, {observer}, &forced)) return forced;
-    return tovr_sim::jobsim::jobinfo_observers().remove(observer) ? ESV_ZEL_JOBINFO_OK : ESV_ZEL_JOBINFO_NO_OBSERVER;
+    TOVR_SIM_RECORD(long, observer);
+    return tovr_sim::jobinfo_facade().observers().remove(observer) ? ESV_ZEL_JOBINFO_OK : ESV_ZEL_JOBINFO_NO_OBSERVER;
 }
 
 namespace {
@@ -176,11 +147,7 @@ tovr_sim::jobsim::LogEntry* find_entry(JobLog& j, unsigned int receipt_id, ESV_Z
 long esv_zel_jobinfo_facade::esv_zel_jobinfo_retrieve_joblog(unsigned int receipt_id,
                                                              ESV_ZEL_JOBINFO_JOBLOG_TYPE_VAL job_log_type,
                                                              ESV_ZEL_JOBINFO_JOBLOG& joblog_out) {
-    long forced;
-    if (tovr_sim::intercept("esv_zel_jobinfo_retrieve_joblog", {arg(receipt_id), arg(job_log_type)},
-                            {&receipt_id, &job_log_type, &joblog_out}, &forced)) {
-        return forced;
-    }
+    TOVR_SIM_RECORD(long, receipt_id, job_log_type, tovr_sim::unrecorded(joblog_out));
     if (!known_type(job_log_type)) return ESV_ZEL_JOBINFO_PARAM_ERROR;
     JobLog& j = joblog();
     std::lock_guard<std::mutex> lock(j.mutex);
@@ -192,11 +159,7 @@ long esv_zel_jobinfo_facade::esv_zel_jobinfo_retrieve_joblog(unsigned int receip
 
 long esv_zel_jobinfo_facade::esv_zel_jobinfo_create_send_info_list(unsigned int receipt_id,
                                                                    ESV_ZEL_JOBINFO_JOBLOG_TYPE_VAL job_log_type) {
-    long forced;
-    if (tovr_sim::intercept("esv_zel_jobinfo_create_send_info_list", {arg(receipt_id), arg(job_log_type)},
-                            {&receipt_id, &job_log_type}, &forced)) {
-        return forced;
-    }
+    TOVR_SIM_RECORD(long, receipt_id, job_log_type);
     if (!known_type(job_log_type)) return ESV_ZEL_JOBINFO_PARAM_ERROR;
     JobLog& j = joblog();
     std::lock_guard<std::mutex> lock(j.mutex);
@@ -206,12 +169,12 @@ long esv_zel_jobinfo_facade::esv_zel_jobinfo_create_send_info_list(unsigned int 
     j.send_list = e->sends;
     j.send_pos = 0;
     j.send_list_open = true;
+    tovr_sim::resource_opened(tovr_sim::kListHandle);
     return ESV_ZEL_JOBINFO_OK;
 }
 
 long esv_zel_jobinfo_facade::esv_zel_jobinfo_get_send_info(ESV_ZEL_JOBINFO_SEND_INFO& info) {
-    long forced;
-    if (tovr_sim::intercept("esv_zel_jobinfo_get_send_info", {}, {&info}, &forced)) return forced;
+    TOVR_SIM_RECORD(long, tovr_sim::unrecorded(info));
     JobLog& j = joblog();
     std::lock_guard<std::mutex> lock(j.mutex);
     if (!j.send_list_open) return ESV_ZEL_JOBINFO_LIST_OPERATE_ERROR;
@@ -221,24 +184,20 @@ long esv_zel_jobinfo_facade::esv_zel_jobinfo_get_send_info(ESV_ZEL_JOBINFO_SEND_
 }
 
 long esv_zel_jobinfo_facade::esv_zel_jobinfo_delete_send_info_list() {
-    long forced;
-    if (tovr_sim::intercept("esv_zel_jobinfo_delete_send_info_list", {}, {}, &forced)) return forced;
+    TOVR_SIM_RECORD(long);
     JobLog& j = joblog();
     std::lock_guard<std::mutex> lock(j.mutex);
     if (!j.send_list_open) return ESV_ZEL_JOBINFO_LIST_OPERATE_ERROR;
     j.send_list_open = false;
     j.send_list.clear();
     j.send_pos = 0;
+    tovr_sim::resource_closed(tovr_sim::kListHandle);
     return ESV_ZEL_JOBINFO_OK;
 }
 
 long esv_zel_jobinfo_facade::esv_zel_jobinfo_create_receive_info_list(unsigned int receipt_id,
                                                                       ESV_ZEL_JOBINFO_JOBLOG_TYPE_VAL job_log_type) {
-    long forced;
-    if (tovr_sim::intercept("esv_zel_jobinfo_create_receive_info_list", {arg(receipt_id), arg(job_log_type)},
-                            {&receipt_id, &job_log_type}, &forced)) {
-        return forced;
-    }
+    TOVR_SIM_RECORD(long, receipt_id, job_log_type);
     if (!known_type(job_log_type)) return ESV_ZEL_JOBINFO_PARAM_ERROR;
     JobLog& j = joblog();
     std::lock_guard<std::mutex> lock(j.mutex);
@@ -248,12 +207,12 @@ long esv_zel_jobinfo_facade::esv_zel_jobinfo_create_receive_info_list(unsigned i
     j.receive_list = e->receives;
     j.receive_pos = 0;
     j.receive_list_open = true;
+    tovr_sim::resource_opened(tovr_sim::kListHandle);
     return ESV_ZEL_JOBINFO_OK;
 }
 
 long esv_zel_jobinfo_facade::esv_zel_jobinfo_get_receive_info(ESV_ZEL_JOBINFO_RECEIVE_INFO& info) {
-    long forced;
-    if (tovr_sim::intercept("esv_zel_jobinfo_get_receive_info", {}, {&info}, &forced)) return forced;
+    TOVR_SIM_RECORD(long, tovr_sim::unrecorded(info));
     JobLog& j = joblog();
     std::lock_guard<std::mutex> lock(j.mutex);
     if (!j.receive_list_open) return ESV_ZEL_JOBINFO_LIST_OPERATE_ERROR;
@@ -263,14 +222,14 @@ long esv_zel_jobinfo_facade::esv_zel_jobinfo_get_receive_info(ESV_ZEL_JOBINFO_RE
 }
 
 long esv_zel_jobinfo_facade::esv_zel_jobinfo_delete_receive_info_list() {
-    long forced;
-    if (tovr_sim::intercept("esv_zel_jobinfo_delete_receive_info_list", {}, {}, &forced)) return forced;
+    TOVR_SIM_RECORD(long);
     JobLog& j = joblog();
     std::lock_guard<std::mutex> lock(j.mutex);
     if (!j.receive_list_open) return ESV_ZEL_JOBINFO_LIST_OPERATE_ERROR;
     j.receive_list_open = false;
     j.receive_list.clear();
     j.receive_pos = 0;
+    tovr_sim::resource_closed(tovr_sim::kListHandle);
     return ESV_ZEL_JOBINFO_OK;
 }
 

@@ -14,86 +14,79 @@ PanelFacade& panel_facade() {
 
 namespace tarnwick {
 
-using tovr_sim::arg;
-
 esv_zel_panel_facade* esv_zel_panel_facade::esv_zel_panel_get_instance() {
     static esv_zel_panel_facade* instance = new esv_zel_panel_facade;
     return instance;
 }
 
 unsigned long esv_zel_panel_facade::esv_zel_panel_add_observer(esv_zel_panel_observer* observer) {
-    long forced;
-    if (tovr_sim::intercept("esv_zel_panel_add_observer", {arg(observer)}, {observer}, &forced)) {
-        return static_cast<unsigned long>(forced);
-    }
+    TOVR_SIM_RECORD(unsigned long, observer);
     tovr_sim::panel_facade().observers().add(observer);
     return 0;
 }
 
 unsigned long esv_zel_panel_facade::esv_zel_panel_remove_observer(esv_zel_panel_observer* observer) {
-    long forced;
-    if (tovr_sim::intercept("esv_zel_panel_remove_observer", {arg(observer)}, {observer}, &forced)) {
-        return static_cast<unsigned long>(forced);
-    }
+    TOVR_SIM_RECORD(unsigned long, observer);
     tovr_sim::panel_facade().observers().remove(observer);
     return 0;
 }
 
 // The panel requests change nothing in the simulated device: they are recorded and answer 0
 // unless a test forces another answer.
-#define TOVR_PANEL_REQUEST(op, args, params) \
-    long forced = 0;                         \
-    if (tovr_sim::intercept(op, args, params, &forced)) return static_cast<unsigned long>(forced); \
-    return 0
 
 unsigned long esv_zel_panel_facade::esv_zel_panel_notify_copy_service_login_finish() {
-    TOVR_PANEL_REQUEST("esv_zel_panel_notify_copy_service_login_finish", {}, {});
+    TOVR_SIM_RECORD(unsigned long);
+    return 0;
 }
 
 unsigned long esv_zel_panel_facade::esv_zel_panel_request_set_value(ESV_ZEL_PANEL_FUNC_TYPE func,
                                                                     ESV_ZEL_PANEL_SET_VALUE value) {
-    TOVR_PANEL_REQUEST("esv_zel_panel_request_set_value", (std::initializer_list<std::string>{arg(func), arg(value)}),
-                       (tovr_sim::Params{&func, &value}));
+    TOVR_SIM_RECORD(unsigned long, func, value);
+    return 0;
 }
 
 unsigned long esv_zel_panel_facade::esv_zel_panel_request_display_screen(ESV_ZEL_PANEL_DISPLAY_TYPE type) {
-    TOVR_PANEL_REQUEST("esv_zel_panel_request_display_screen", {arg(type)}, {&type});
+    TOVR_SIM_RECORD(unsigned long, type);
+    return 0;
 }
 
 unsigned long esv_zel_panel_facade::esv_zel_panel_notify_reset_end() {
-    TOVR_PANEL_REQUEST("esv_zel_panel_notify_reset_end", {}, {});
+    TOVR_SIM_RECORD(unsigned long);
+    return 0;
 }
 
 unsigned long esv_zel_panel_facade::esv_zel_panel_notify_j_foundation_started(int result) {
-    TOVR_PANEL_REQUEST("esv_zel_panel_notify_j_foundation_started", {arg(result)}, {&result});
+    TOVR_SIM_RECORD(unsigned long, result);
+    return 0;
 }
 
 unsigned long esv_zel_panel_facade::esv_zel_panel_extension_authentication_initialize(int result) {
-    TOVR_PANEL_REQUEST("esv_zel_panel_extension_authentication_initialize", {arg(result)}, {&result});
+    TOVR_SIM_RECORD(unsigned long, result);
+    return 0;
 }
 
 unsigned long esv_zel_panel_facade::esv_zel_panel_request_buzzer(unsigned int app_id_num,
                                                                  ESV_ZEL_BUZZER_TYPE type) {
-    TOVR_PANEL_REQUEST("esv_zel_panel_request_buzzer", (std::initializer_list<std::string>{arg(app_id_num), arg(type)}),
-                       (tovr_sim::Params{&app_id_num, &type}));
+    TOVR_SIM_RECORD(unsigned long, app_id_num, type);
+    return 0;
 }
 
 unsigned long esv_zel_panel_facade::esv_zel_panel_request_start_led(unsigned int app_id_num,
                                                                     ESV_ZEL_LED_STATE state) {
-    TOVR_PANEL_REQUEST("esv_zel_panel_request_start_led", (std::initializer_list<std::string>{arg(app_id_num), arg(state)}),
-                       (tovr_sim::Params{&app_id_num, &state}));
+    TOVR_SIM_RECORD(unsigned long, app_id_num, state);
+    return 0;
 }
 
 unsigned long esv_zel_panel_facade::esv_zel_panel_notify_request_event(unsigned int app_id_num,
                                                                        unsigned int req_id) {
-    TOVR_PANEL_REQUEST("esv_zel_panel_notify_request_event", (std::initializer_list<std::string>{arg(app_id_num), arg(req_id)}),
-                       (tovr_sim::Params{&app_id_num, &req_id}));
+    TOVR_SIM_RECORD(unsigned long, app_id_num, req_id);
+    return 0;
 }
 
 unsigned long esv_zel_panel_facade::esv_zel_panel_notify_view_update(unsigned int app_id_num,
                                                                      ESV_ZEL_PANEL_VIEW_UPDATE_TYPE type) {
-    TOVR_PANEL_REQUEST("esv_zel_panel_notify_view_update", (std::initializer_list<std::string>{arg(app_id_num), arg(type)}),
-                       (tovr_sim::Params{&app_id_num, &type}));
+    TOVR_SIM_RECORD(unsigned long, app_id_num, type);
+    return 0;
 }
 
 }  // namespace tarnwick

@@ -92,21 +92,193 @@ std::string arg_of(const T& v) {
     }
 }
 
+// What an output forcing may safely write through one argument: set by record() from the
+// argument's static type, so that a forced output of the wrong kind or past the end of a record
+// is refused instead of corrupting the caller's memory.
+struct Shape {
+    enum Kind {
+        unknown,  // not described (intercept() without shapes): writes are trusted
+        integer,  // an integer or enumeration of `size` bytes
+        string,   // a std::string
+        record,   // a plain record of `size` bytes
+        buffer,   // a character buffer of unknown size (char*, unsigned char*, signed char*)
+        other     // anything else (observers, lists, pointers to pointers): never written
+    };
+    Kind kind = unknown;
+    std::size_t size = 0;
+};
+using Shapes = std::vector<Shape>;
+
+template <typename T>
+Shape shape_of_object() {
+    using U = std::remove_volatile_t<T>;
+    if constexpr (std::is_const_v<U>) {
+        return Shape{Shape::other, 0};  // an input: never written
+    } else if constexpr (std::is_same_v<U, std::string>) {
+        return Shape{Shape::string, sizeof(U)};
+    } else if constexpr (std::is_same_v<U, bool>) {
+        return Shape{Shape::other, sizeof(U)};
+    } else if constexpr (std::is_integral_v<U> || std::is_enum_v<U>) {
+        return Shape{Shape::integer, sizeof(U)};
+    } else if constexpr (std::is_class_v<U> && std::is_trivially_copyable_v<U>) {
+        return Shape{Shape::record, sizeof(U)};
+    } else {
+        return Shape{Shape::other, 0};
+    }
+}
+
+// The shape of what param() hands a forcing for an argument of type T.
+template <typename T>
+Shape shape_of() {
+    if constexpr (std::is_pointer_v<std::remove_cv_t<T>>) {
+        using P = std::remove_pointer_t<std::remove_cv_t<T>>;
+        if constexpr (std::is_const_v<P>) {
+            return Shape{Shape::other, 0};  // an input: never written
+        } else if constexpr (std::is_same_v<P, char> || std::is_same_v<P, signed char> ||
+                             std::is_same_v<P, unsigned char>) {
+            return Shape{Shape::buffer, 0};
+        } else if constexpr (std::is_void_v<P> || std::is_pointer_v<P>) {
+            return Shape{Shape::other, 0};
+        } else {
+            return shape_of_object<P>();
+        }
+    } else {
+        return shape_of_object<T>();
+    }
+}
+
+// intercept() with the shape of each parameter, for forcings that write outputs.
+bool intercept(const char* op, std::vector<std::string> args, const Params& params,
+               const Shapes& shapes, long* result);
+
+// Argument wrappers for record() / TOVR_SIM_RECORD.
+//
+// unrecorded(x): x reaches a forcing (params) but is left out of the recorded text, as an output
+// record that only the device fills in.
+template <typename T>
+struct Unrecorded {
+    T& value;
+};
+template <typename T>
+Unrecorded<T> unrecorded(T& v) {
+    return Unrecorded<T>{v};
+}
+
+// shown(x, parts...): x reaches a forcing (params); the record shows `parts` in its place (zero
+// or more texts, each formatted as an argument), e.g. the key fields of a record.
+template <typename T>
+struct Shown {
+    T& value;
+    std::vector<std::string> texts;
+};
+template <typename T, typename... Parts>
+Shown<T> shown(T& v, const Parts&... parts) {
+    return Shown<T>{v, {arg_of(parts)...}};
+}
+
+namespace detail {
+template <typename T>
+void add_texts(std::vector<std::string>& out, T& a) {
+    out.push_back(arg_of(a));
+}
+template <typename T>
+void add_texts(std::vector<std::string>&, Unrecorded<T>&) {}
+template <typename T>
+void add_texts(std::vector<std::string>& out, Shown<T>& a) {
+    out.insert(out.end(), a.texts.begin(), a.texts.end());
+}
+
+template <typename T>
+void* param_of(T& a) {
+    return param(a);
+}
+template <typename T>
+void* param_of(Unrecorded<T>& a) {
+    return param(a.value);
+}
+template <typename T>
+void* param_of(Shown<T>& a) {
+    return param(a.value);
+}
+
+template <typename T>
+Shape shape_for(T&) {
+    return shape_of<T>();
+}
+template <typename T>
+Shape shape_for(Unrecorded<T>&) {
+    return shape_of<T>();
+}
+template <typename T>
+Shape shape_for(Shown<T>&) {
+    return shape_of<T>();
+}
+}  // namespace detail
+
 // intercept() with each argument named once: records `op` with the arguments formatted by
-// arg_of() and hands a forcing each argument's address (see param()).
+// arg_of() (unrecorded() and shown() change what one argument shows) and hands a forcing each
+// argument's address (see param()) and its shape.
 template <typename... A>
-bool record(const char* op, long* result, A&... a) {
-    return intercept(op, {arg_of(a)...}, Params{param(a)...}, result);
+bool record(const char* op, long* result, A&&... a) {
+    std::vector<std::string> texts;
+    texts.reserve(sizeof...(a));
+    (detail::add_texts(texts, a), ...);
+    return intercept(op, std::move(texts), Params{detail::param_of(a)...}, Shapes{detail::shape_for(a)...},
+                     result);
 }
 
 // First statement of a simulated facade member: records the call under the member's own name
 // and returns a forced answer, converted to the member's result type, when one is armed.
-#define TOVR_SIM_RECORD(RESULT_TYPE, ...)                                                  \
+#define TOVR_SIM_RECORD(RESULT_TYPE, ...) TOVR_SIM_RECORD_AS(__func__, RESULT_TYPE, ##__VA_ARGS__)
+
+// The same under another recorded name, for a member whose recorded name is not its own (a
+// helper shared by several members, an operation implemented under a different symbol).
+#define TOVR_SIM_RECORD_AS(OP, RESULT_TYPE, ...)                                           \
     do {                                                                                   \
         long tovr_forced_ = 0;                                                             \
-        if (::tovr_sim::record(__func__, &tovr_forced_, ##__VA_ARGS__))                    \
+        if (::tovr_sim::record(OP, &tovr_forced_, ##__VA_ARGS__))                          \
             return static_cast<RESULT_TYPE>(tovr_forced_);                                 \
     } while (0)
+
+// ---------------------------------------------------------------------------------------------
+// Forced outputs
+//
+// force_output() arms a forcing that writes one value through one argument and answers
+// `result`: what a facade that fills in an output and returns a code does. The value is written
+// `offset` bytes into the object the argument reaches (0: the object itself; a field of a
+// record otherwise). Kinds:
+//   int8 uint8 int16 uint16 int32 uint32 int64 uint64 long ulong (the platform's C long)
+//     the low bits of `number`, in the platform's byte order;
+//   string      a std::string argument is assigned `text`;
+//   char[N]     a fixed character array of N bytes: at most N-1 bytes of `text`, the rest zero
+//               (always NUL-terminated);
+//   bytes[N]    N raw bytes: `bytes`, cut at N, the rest zero.
+// A write that does not fit the argument (a kind of another width, a string into a number,
+// past the end of a record, an argument the call does not have) is not made; the forcing
+// answers `result` all the same and the refusal is listed by output_refusals().
+struct Output {
+    int index = 0;            // argument number, from 0
+    std::size_t offset = 0;   // bytes into the argument's object
+    std::string kind;         // see above
+    long long number = 0;     // integer kinds
+    std::string text;         // string, char[N]
+    std::vector<unsigned char> bytes;  // bytes[N]
+};
+
+// Builders for the common cases.
+Output output_number(int index, const std::string& kind, long long number, std::size_t offset = 0);
+Output output_text(int index, const std::string& kind, const std::string& text, std::size_t offset = 0);
+Output output_bytes(int index, const std::string& kind, const std::vector<unsigned char>& bytes,
+                    std::size_t offset = 0);
+
+// False (and nothing armed) when a kind is not one of the above.
+bool valid_output_kind(const std::string& kind);
+bool force_output(const std::string& op, long result, const Output& output, int times = 1);
+// Several outputs of one call (e.g. a count and a list), written in order.
+bool force_outputs(const std::string& op, long result, const std::vector<Output>& outputs, int times = 1);
+// Forced outputs that could not be written since the last reset(), each as
+// "op: argument i: reason".
+std::vector<std::string> output_refusals();
 
 // ---------------------------------------------------------------------------------------------
 // Trace
@@ -145,6 +317,12 @@ void fail_alloc(int times = 1);
 // functions themselves; facades count their own list handles, file handles, cursors ...), so
 // a test can assert that nothing was left open. A facade calls resource_opened when it hands a
 // resource out and resource_closed when the library gives it back.
+// Kinds in use: kPlatformBlock; kListHandle for the walking lists and list handles of the
+// facades (the job-information facade's send and receive lists among them); kFileHandle for
+// open files.
+constexpr const char* kPlatformBlock = "platform block";
+constexpr const char* kListHandle = "list handle";
+constexpr const char* kFileHandle = "file handle";
 void resource_opened(const std::string& kind);
 void resource_closed(const std::string& kind);
 int open_resources(const std::string& kind);

@@ -18,7 +18,8 @@
 
 namespace tovr_sim {
 
-// The observers of one facade and the facade's notification thread.
+// The observers of one facade and the facade's notification thread: every simulated facade
+// with observers keeps them in one of these (the job facades too, see tovr_sim_job.h).
 template <typename Observer>
 class ObservedFacade {
 public:

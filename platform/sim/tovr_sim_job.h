@@ -15,8 +15,15 @@
 #include "esv_zel_job_observer.h"
 #include "esv_zel_jobinfo_observer.h"
 #include "tovr_sim.h"
+#include "tovr_sim_events.h"
 
 namespace tovr_sim {
+
+// The observers and notification thread of each facade, as for every observed facade.
+using JobFacade = ObservedFacade<tarnwick::esv_zel_job_observer>;
+using JobinfoFacade = ObservedFacade<tarnwick::esv_zel_jobinfo_observer>;
+JobFacade& job_facade();
+JobinfoFacade& jobinfo_facade();
 
 // ---------------------------------------------------------------------------------------------
 // Job facade notifications (esv_zel_job_observer).

@@ -5,32 +5,37 @@
 #include <string>
 #include <vector>
 
+#include "tovr_jni.h"
 #include "tovr_sim.h"
 
 namespace {
 
-std::string to_string(JNIEnv* env, jstring s) {
-    if (s == nullptr) return std::string();
-    const char* chars = env->GetStringUTFChars(s, nullptr);
-    if (chars == nullptr) return std::string();
-    std::string out(chars);
-    env->ReleaseStringUTFChars(s, chars);
-    return out;
+using tarnwick::jni::LocalRef;
+using tarnwick::jni::UtfChars;
+
+// Text of a Java string ("" for null); false with the VM's exception pending when its
+// characters cannot be had.
+bool text_of(JNIEnv* env, jstring s, std::string* out) {
+    out->clear();
+    if (s == nullptr) return true;
+    UtfChars chars(env, s);
+    if (!chars) return false;
+    *out = chars.c_str();
+    return true;
 }
 
 jobjectArray to_java(JNIEnv* env, const std::vector<std::string>& items) {
-    jclass string_class = env->FindClass("java/lang/String");
-    if (string_class == nullptr) return nullptr;
-    jobjectArray out = env->NewObjectArray(static_cast<jsize>(items.size()), string_class, nullptr);
-    env->DeleteLocalRef(string_class);
-    if (out == nullptr) return nullptr;
+    LocalRef<jclass> string_class(env, env->FindClass("java/lang/String"));
+    if (!string_class) return nullptr;
+    LocalRef<jobjectArray> out(env, env->NewObjectArray(static_cast<jsize>(items.size()), string_class.get(), nullptr));
+    if (!out) return nullptr;
     for (std::size_t i = 0; i < items.size(); ++i) {
-        jstring s = env->NewStringUTF(items[i].c_str());
-        if (s == nullptr) return nullptr;
-        env->SetObjectArrayElement(out, static_cast<jsize>(i), s);
-        env->DeleteLocalRef(s);
+        LocalRef<jstring> s(env, env->NewStringUTF(items[i].c_str()));
+        if (!s) return nullptr;
+        env->SetObjectArrayElement(out.get(), static_cast<jsize>(i), s.get());
+        if (env->ExceptionCheck()) return nullptr;
     }
-    return out;
+    return out.release();
 }
 
 std::string join(const std::vector<std::string>& args) {
@@ -50,12 +55,16 @@ JNIEXPORT void JNICALL Java_tarnwick_sim_SimDevice_reset(JNIEnv*, jclass) { tovr
 
 JNIEXPORT void JNICALL Java_tarnwick_sim_SimDevice_forceResult(JNIEnv* env, jclass, jstring op,
                                                                jlong result, jint times) {
-    tovr_sim::force_result(to_string(env, op), static_cast<long>(result), times);
+    std::string name;
+    if (!text_of(env, op, &name)) return;
+    tovr_sim::force_result(name, static_cast<long>(result), times);
 }
 
 JNIEXPORT jobjectArray JNICALL Java_tarnwick_sim_SimDevice_calls(JNIEnv* env, jclass, jstring op) {
+    std::string name;
+    if (!text_of(env, op, &name)) return nullptr;
     std::vector<std::string> out;
-    for (const tovr_sim::Call& c : tovr_sim::calls(to_string(env, op))) out.push_back(join(c.args));
+    for (const tovr_sim::Call& c : tovr_sim::calls(name)) out.push_back(join(c.args));
     return to_java(env, out);
 }
 
@@ -66,7 +75,9 @@ JNIEXPORT jobjectArray JNICALL Java_tarnwick_sim_SimDevice_allCalls(JNIEnv* env,
 }
 
 JNIEXPORT jint JNICALL Java_tarnwick_sim_SimDevice_openResources(JNIEnv* env, jclass, jstring kind) {
-    return tovr_sim::open_resources(to_string(env, kind));
+    std::string name;
+    if (!text_of(env, kind, &name)) return 0;
+    return tovr_sim::open_resources(name);
 }
 
 JNIEXPORT void JNICALL Java_tarnwick_sim_SimDevice_clearCalls(JNIEnv*, jclass) {
@@ -95,7 +106,9 @@ JNIEXPORT jobjectArray JNICALL Java_tarnwick_sim_SimDevice_processRegistrations(
 }
 
 JNIEXPORT void JNICALL Java_tarnwick_sim_SimDevice_setTimeZone(JNIEnv* env, jclass, jstring tz) {
-    setenv("TZ", to_string(env, tz).c_str(), 1);
+    std::string zone;
+    if (!text_of(env, tz, &zone)) return;
+    setenv("TZ", zone.c_str(), 1);
 }
 
 }  // extern "C"

@@ -42,6 +42,99 @@ public final class SimDevice {
      */
     public static native int openResources(String kind);
 
+    /**
+     * One output that a forced call writes before it answers: argument {@code argIndex} (from 0),
+     * {@code offset} bytes into the object it reaches (a field of a record; 0 for the object itself).
+     * Kinds: "int8", "uint8", "int16", "uint16", "int32", "uint32", "int64", "uint64", "long",
+     * "ulong" (the platform's C long) take a number (its low bits); "string" (a std::string
+     * argument) and "char[N]" (a fixed character array of N bytes: at most N-1 bytes of the
+     * text's UTF-8, the rest zero) take a text; "bytes[N]" (N raw bytes: the array cut at N, the
+     * rest zero) takes bytes.
+     */
+    public static final class Output {
+        final int argIndex;
+        final int offset;
+        final String kind;
+        final long number;
+        final String text;
+        final byte[] bytes;
+
+        private Output(int argIndex, int offset, String kind, long number, String text, byte[] bytes) {
+            if (argIndex < 0) throw new IllegalArgumentException("argument index " + argIndex);
+            if (offset < 0) throw new IllegalArgumentException("offset " + offset);
+            if (kind == null) throw new IllegalArgumentException("no kind");
+            this.argIndex = argIndex;
+            this.offset = offset;
+            this.kind = kind;
+            this.number = number;
+            this.text = text;
+            this.bytes = bytes;
+        }
+
+        public static Output number(int argIndex, String kind, long value) {
+            return new Output(argIndex, 0, kind, value, null, null);
+        }
+
+        public static Output text(int argIndex, String kind, String value) {
+            if (value == null) throw new IllegalArgumentException("no text");
+            return new Output(argIndex, 0, kind, 0, value, null);
+        }
+
+        public static Output bytes(int argIndex, String kind, byte[] value) {
+            if (value == null) throw new IllegalArgumentException("no bytes");
+            return new Output(argIndex, 0, kind, 0, null, value.clone());
+        }
+
+        /** The same output, {@code offset} bytes into the argument's object. */
+        public Output at(int offset) {
+            return new Output(argIndex, offset, kind, number, text, bytes);
+        }
+    }
+
+    /**
+     * The next {@code times} calls of {@code op} (every call when negative) write {@code value}
+     * through argument {@code argIndex} as {@code kind} and answer {@code result}.
+     *
+     * @throws IllegalArgumentException for an unknown kind or a negative index
+     */
+    public static void forceOutput(String op, long result, int argIndex, String kind, long value, int times) {
+        forceOutputs(op, result, times, Output.number(argIndex, kind, value));
+    }
+
+    public static void forceOutput(String op, long result, int argIndex, String kind, String value, int times) {
+        forceOutputs(op, result, times, Output.text(argIndex, kind, value));
+    }
+
+    public static void forceOutput(String op, long result, int argIndex, String kind, byte[] value, int times) {
+        forceOutputs(op, result, times, Output.bytes(argIndex, kind, value));
+    }
+
+    /** Several outputs of one call, written in order, then {@code result}. */
+    public static void forceOutputs(String op, long result, int times, Output... outputs) {
+        int n = outputs.length;
+        int[] indexes = new int[n];
+        int[] offsets = new int[n];
+        String[] kinds = new String[n];
+        long[] numbers = new long[n];
+        String[] texts = new String[n];
+        byte[][] bytes = new byte[n][];
+        for (int i = 0; i < n; ++i) {
+            indexes[i] = outputs[i].argIndex;
+            offsets[i] = outputs[i].offset;
+            kinds[i] = outputs[i].kind;
+            numbers[i] = outputs[i].number;
+            texts[i] = outputs[i].text;
+            bytes[i] = outputs[i].bytes;
+        }
+        forceOutputs0(op, result, times, indexes, offsets, kinds, numbers, texts, bytes);
+    }
+
+    private static native void forceOutputs0(String op, long result, int times, int[] indexes, int[] offsets,
+                                             String[] kinds, long[] numbers, String[] texts, byte[][] bytes);
+
+    /** Forced outputs that could not be written since the last reset, each as "op: argument i: reason". */
+    public static native String[] outputRefusals();
+
     public static int callCount(String op) {
         return calls(op).length;
     }
