@@ -202,6 +202,52 @@ void force_address_finish(unsigned long result, int times) {
     force_result("esv_zel_search_personal_address_list_finish", static_cast<long>(result), times);
 }
 
+void resize_address_book(std::size_t size) {
+    std::size_t now = address_book_size();
+    if (size > now) {
+        generate_address_book(static_cast<int>(size - now), static_cast<int>(now + 1));
+        return;
+    }
+    Book& b = book();
+    std::lock_guard<std::mutex> lock(b.mutex);
+    if (size < b.entries.size()) b.entries.resize(size);
+    for (auto& [h, c] : b.searches) {
+        if (c.next > size) c.next = size;
+    }
+}
+
+namespace {
+long real_prepare(const Params& p) {
+    return static_cast<long>(address_prepare(*static_cast<unsigned int*>(p[0]), *static_cast<unsigned int*>(p[1]),
+                                             *static_cast<unsigned int*>(p[2])));
+}
+}  // namespace
+
+void pass_address_prepares(int n) {
+    if (n > 0) force("esv_zel_search_personal_address_list_prepare", real_prepare, n);
+}
+
+void pass_address_fetches(int n) {
+    if (n <= 0) return;
+    force("esv_zel_search_personal_address_list",
+          [](const Params& p) {
+              return static_cast<long>(address_fetch(*static_cast<unsigned int*>(p[0]), static_cast<const char*>(p[1]),
+                                                     *static_cast<unsigned int*>(p[2]),
+                                                     static_cast<ESV_ZEL_PERSONAL_ADDRESS*>(p[3])));
+          },
+          n);
+}
+
+void resize_address_book_at_prepare(int nth, std::size_t size) {
+    pass_address_prepares(nth - 1);
+    force("esv_zel_search_personal_address_list_prepare",
+          [size](const Params& p) {
+              resize_address_book(size);
+              return real_prepare(p);
+          },
+          1);
+}
+
 void fail_alloc_after_address_prepares(int prepares) {
     if (prepares <= 0) {
         fail_alloc(1);
@@ -210,10 +256,9 @@ void fail_alloc_after_address_prepares(int prepares) {
     auto left = std::make_shared<int>(prepares);
     force("esv_zel_search_personal_address_list_prepare",
           [left](const Params& p) {
-              unsigned long rc = address_prepare(*static_cast<unsigned int*>(p[0]), *static_cast<unsigned int*>(p[1]),
-                                                 *static_cast<unsigned int*>(p[2]));
+              long rc = real_prepare(p);
               if (--*left == 0) fail_alloc(1);
-              return static_cast<long>(rc);
+              return rc;
           },
           prepares);
 }

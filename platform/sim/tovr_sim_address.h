@@ -46,6 +46,9 @@ void add_addresses(std::vector<ESV_ZEL_PERSONAL_ADDRESS>&& entries);
 bool remove_address(std::size_t index);
 void clear_address_book();
 std::size_t address_book_size();
+// Cuts the book to its first `size` entries, or grows it to `size` with generated entries
+// numbered on from its current size + 1.
+void resize_address_book(std::size_t size);
 // A copy of entry `index` (zero-filled when there is none).
 ESV_ZEL_PERSONAL_ADDRESS address_at(std::size_t index);
 
@@ -98,6 +101,12 @@ void force_address_fetch(unsigned long result, unsigned int ret_num,
                          const std::vector<ESV_ZEL_PERSONAL_ADDRESS>& records = {}, int times = 1);
 // finish answers `result` and closes nothing.
 void force_address_finish(unsigned long result, int times = 1);
+// The next `n` prepares (fetches) behave as the device's own. Forcings queue in order, so one
+// armed after these applies to the call after them.
+void pass_address_prepares(int n);
+void pass_address_fetches(int n);
+// At the `nth` prepare from now (1: the next), the book is first resized (resize_address_book).
+void resize_address_book_at_prepare(int nth, std::size_t size);
 // The next `prepares` prepares behave as the device's own; right after the last of them the
 // next platform allocation fails.
 void fail_alloc_after_address_prepares(int prepares);

@@ -120,4 +120,16 @@ JNIEXPORT void JNICALL Java_tarnwick_sim_SimAddressBook_failAllocAfterPrepares(J
     tovr_sim::fail_alloc_after_address_prepares(prepares);
 }
 
+JNIEXPORT void JNICALL Java_tarnwick_sim_SimAddressBook_passPrepares(JNIEnv*, jclass, jint n) {
+    tovr_sim::pass_address_prepares(n);
+}
+
+JNIEXPORT void JNICALL Java_tarnwick_sim_SimAddressBook_passFetches(JNIEnv*, jclass, jint n) {
+    tovr_sim::pass_address_fetches(n);
+}
+
+JNIEXPORT void JNICALL Java_tarnwick_sim_SimAddressBook_resizeAtPrepare(JNIEnv*, jclass, jint nth, jint size) {
+    tovr_sim::resize_address_book_at_prepare(nth, size < 0 ? 0 : static_cast<std::size_t>(size));
+}
+
 }  // extern "C"

@@ -78,6 +78,17 @@ public final class SimAddressBook {
     /** The next {@code times} finishes answer {@code result} and close nothing. */
     public static native void forceFinish(long result, int times);
 
+    /**
+     * The next {@code n} prepares (fetches) work as usual. Forcings queue in order: one armed
+     * after this applies to the call after them.
+     */
+    public static native void passPrepares(int n);
+
+    public static native void passFetches(int n);
+
+    /** At the {@code nth} prepare from now (1: the next) the book is first cut or grown to {@code size}. */
+    public static native void resizeAtPrepare(int nth, int size);
+
     /** The next {@code prepares} prepares work as usual; then the next platform allocation fails. */
     public static native void failAllocAfterPrepares(int prepares);
 
