@@ -36,7 +36,7 @@ esv_zel_common_facade* facade() { return esv_zel_common_facade::esv_zel_common_g
 
 // Builds the Java objects of one record and returns the personal address (a local reference of
 // the current frame, or null when it could not be made).
-jobject build_address(JNIEnv* env, const ESV_ZEL_PERSONAL_ADDRESS& record, cmt_email_info& email,
+jobject build_address(const ESV_ZEL_PERSONAL_ADDRESS& record, cmt_email_info& email,
                       cmt_fax_info& fax, cmt_ftp_info& ftp, cmt_ifax_info& ifax, cmt_name_info& name,
                       cmt_smb_info& smb, cmt_personal_address& personal) {
     cmt_address_record_fields f;
@@ -97,7 +97,6 @@ jobject build_address(JNIEnv* env, const ESV_ZEL_PERSONAL_ADDRESS& record, cmt_e
         personal.set_field_fax(address, fax_obj);
         personal.set_field_ifax(address, ifax_obj);
     }
-    (void)env;
     return address;
 }
 
@@ -124,16 +123,20 @@ jobjectArray cmt_address_book::search_personal_address(jobject key) {
         CMT_TRACE(kTraceError, "Fail to get JNIEnv.");
         return nullptr;
     }
-    if (!search_key_class_.find(env, kSearchKeyClass)) {
-        search_key_name_ = nullptr;
-        CMT_TRACE(kTraceError, "Fail to find %s.", kSearchKeyClass);
-        return nullptr;
-    }
-    search_key_name_ = env->GetFieldID(search_key_class_.get(), "name", "Ljava/lang/String;");
-    if (search_key_name_ == nullptr) {
-        jni::failed(env);
-        CMT_TRACE(kTraceError, "Fail to find %s.name.", kSearchKeyClass);
-        return nullptr;
+    // Looked up by the first search of this object and kept: later searches, on any thread,
+    // only read them.
+    if (!search_key_class_ || search_key_name_ == nullptr) {
+        if (!search_key_class_.find(env, kSearchKeyClass)) {
+            search_key_name_ = nullptr;
+            CMT_TRACE(kTraceError, "Fail to find %s.", kSearchKeyClass);
+            return nullptr;
+        }
+        search_key_name_ = env->GetFieldID(search_key_class_.get(), "name", "Ljava/lang/String;");
+        if (search_key_name_ == nullptr) {
+            jni::failed(env);
+            CMT_TRACE(kTraceError, "Fail to find %s.name.", kSearchKeyClass);
+            return nullptr;
+        }
     }
 
     // First pass: count the matches.
@@ -246,7 +249,7 @@ jobjectArray cmt_address_book::search_personal_address(jobject key) {
                 emwOSWOrgFreeMemPart(0, record);
                 continue;
             }
-            jobject address = build_address(env, *record, email, fax, ftp, ifax, name_info, smb, personal);
+            jobject address = build_address(*record, email, fax, ftp, ifax, name_info, smb, personal);
             emwOSWOrgFreeMemPart(0, record);
             env->SetObjectArrayElement(array, index, address);
             jni::failed(env);

@@ -166,6 +166,32 @@ class AddressBookHostileTest {
     }
 
     @Test
+    void oneBookObjectSharedByFourThreads() throws Exception {
+        SimAddressBook.generate(21, 1);
+        long book = CMT_ADDRESSBOOKJNI.new_cmt_address_book();
+        ExecutorService pool = Executors.newFixedThreadPool(4);
+        try {
+            assertEquals(21, CMT_ADDRESSBOOKJNI.cmt_address_book_search_address(book, null, 1, new SearchKey("P")).length);
+            List<Future<Integer>> results = new ArrayList<>();
+            for (int t = 0; t < 4; ++t) {
+                results.add(pool.submit(() -> {
+                    for (int i = 0; i < 25; ++i) {
+                        Object[] found = CMT_ADDRESSBOOKJNI.cmt_address_book_search_address(book, null, 1, new SearchKey("Person"));
+                        assertEquals(generated(21), found[20]);
+                    }
+                    return 25;
+                }));
+            }
+            for (Future<Integer> f : results) assertEquals(25, f.get(120, TimeUnit.SECONDS));
+        } finally {
+            pool.shutdownNow();
+            pool.awaitTermination(60, TimeUnit.SECONDS);
+            CMT_ADDRESSBOOKJNI.delete_cmt_address_book(book);
+        }
+        assertNothingOpen();
+    }
+
+    @Test
     void searchesOnFourThreads() throws Exception {
         SimAddressBook.generate(45, 1);
         ExecutorService pool = Executors.newFixedThreadPool(4);
