@@ -160,8 +160,8 @@ jobjectArray cmt_address_book::search_personal_address(jobject key) {
         CMT_TRACE(kTraceError, "keyObj.name==NULL");
         return nullptr;
     }
-    // Released on the successful path only: the failure paths below keep them, a required
-    // behaviour of this module that applications may rely on not changing.
+    // Released on the successful path only: the failure paths below keep them (a required
+    // behaviour of this module).
     const char* name = env->GetStringUTFChars(name_string.get(), nullptr);
     if (name == nullptr) {
         jni::failed(env);
