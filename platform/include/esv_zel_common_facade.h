@@ -2,6 +2,8 @@
 #ifndef ESV_ZEL_COMMON_FACADE_H
 #define ESV_ZEL_COMMON_FACADE_H
 
+#include "esv_zel_address_types.h"
+
 // Enumerations of the common notifications. Their values belong to the platform; the library
 // passes them on unchanged, so every one is int wide and any int value may arrive.
 enum ESV_ZEL_REQ_APP_STATE : int {
@@ -69,6 +71,15 @@ public:
     // to that observer is under way.
     unsigned long esv_zel_common_add_observer(esv_zel_common_observer* observer);
     unsigned long esv_zel_common_remove_observer(esv_zel_common_observer* observer);
+
+    // Search of the personal addresses whose name matches `name`: prepare opens a search that
+    // hands out at most `per_fetch` records per fetch; each fetch fills `buffer` with the next
+    // records and says how many in `ret_num` (0 at the end); finish closes the search.
+    unsigned long esv_zel_search_personal_address_list_prepare(unsigned int per_fetch, unsigned int& handle,
+                                                               unsigned int& second);
+    unsigned long esv_zel_search_personal_address_list(unsigned int handle, const char* name,
+                                                       unsigned int& ret_num, ESV_ZEL_PERSONAL_ADDRESS* buffer);
+    unsigned long esv_zel_search_personal_address_list_finish(unsigned int handle);
 
 private:
     esv_zel_common_facade() {}

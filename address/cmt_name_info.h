@@ -1,0 +1,26 @@
+// Builder of the Java name info (name and pronunciation) objects of an address ("tarnwick/zel/address/attribute/NameInfoImpl").
+#ifndef TARNWICK_CMT_NAME_INFO_H
+#define TARNWICK_CMT_NAME_INFO_H
+
+#include <jni.h>
+
+#include "cmt_address_builder.h"
+
+namespace tarnwick {
+
+class cmt_name_info : public cmt_address_builder {
+public:
+    cmt_name_info();
+    ~cmt_name_info() override;
+
+    void set_field_name(jobject obj, const char* value);
+    void set_field_pronunciation(jobject obj, const char* value);
+
+private:
+    jfieldID name_ = nullptr;
+    jfieldID pronunciation_ = nullptr;
+};
+
+}  // namespace tarnwick
+
+#endif
