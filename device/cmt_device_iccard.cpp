@@ -10,6 +10,14 @@
 
 namespace tarnwick {
 
+const int CMT_Device_ICCard::READER_UNKNOWN;
+const int CMT_Device_ICCard::READER_NOT_EXIST;
+const int CMT_Device_ICCard::READER_EXIST;
+const int CMT_Device_ICCard::SETTING_SITE_1;
+const int CMT_Device_ICCard::SETTING_SITE_2;
+const int CMT_Device_ICCard::READ_IDM;
+const int CMT_Device_ICCard::READ_FELICA;
+
 // The staged FeliCa setting is written and read by several Java threads at once. A string
 // copied while another thread assigns it would be torn (or freed under the reader), so every
 // copy into or out of the staging members happens under this short lock. It is never held

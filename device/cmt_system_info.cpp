@@ -60,7 +60,8 @@ long CMT_System_Info::get_long_value(ESV_ZEL_ENTKEY key) {
         return -1;
     }
     result = true;
-    return static_cast<long>(value);
+    // long is 32 bits on the device: a host build gives the same number.
+    return static_cast<long>(static_cast<std::int32_t>(value));
 }
 
 bool CMT_System_Info::set_long_value(ESV_ZEL_ENTKEY key, long value) {
