@@ -57,8 +57,9 @@ using namespace tarnwick;
   jstring text = jenv->NewStringUTF(temp$argnum.c_str());
   if (!text) return $null;
   jenv->SetObjectArrayElement($input, 0, text);
+  const bool store_failed = jenv->ExceptionCheck();
   jenv->DeleteLocalRef(text);
-  if (jenv->ExceptionCheck()) return $null;
+  if (store_failed) return $null;
 }
 
 %ignore tarnwick::CMT_System_Info::convert_retcode;
