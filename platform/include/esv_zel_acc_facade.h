@@ -53,8 +53,34 @@ struct ESV_ZEL_ACC_FELICA_SETTING_INFO {
     unsigned char blk_num_2;
 };
 
+// The reader's identity and the card types it supports (ESV_ZEL_ACC_ICCARD_DEVICE_TYPE_* bits).
+struct ESV_ZEL_ACC_ICCARD_DEVICE_INFO {
+    uint16_t product_id;
+    uint16_t vendor_id;
+    uint8_t card_types;
+};
+
+// What the reader reads from a FeliCa (TypeC) card; the values belong to the platform.
+enum ESV_ZEL_ACC_TYPE_C_READ_TYPE : int {
+    ESV_ZEL_ACC_TYPE_C_READ_NONE = 0,
+    ESV_ZEL_ACC_TYPE_C_READ_IDM = 1,
+    ESV_ZEL_ACC_TYPE_C_READ_FELICA = 2
+};
+
+// The FeliCa setting sites; 0 names none.
+enum ESV_ZEL_ACC_FELICA_SETTING_SITE : int {
+    ESV_ZEL_ACC_FELICA_SETTING_SITE_NONE = 0,
+    ESV_ZEL_ACC_FELICA_SETTING_SITE_1 = 1,
+    ESV_ZEL_ACC_FELICA_SETTING_SITE_2 = 2
+};
+
 #ifndef SWIG
 #include "esv_zel_layout.h"
+ESV_ZEL_SIZE(ESV_ZEL_ACC_ICCARD_DEVICE_INFO, 6);
+ESV_ZEL_LAYOUT(ESV_ZEL_ACC_ICCARD_DEVICE_INFO, product_id, 0);
+ESV_ZEL_LAYOUT(ESV_ZEL_ACC_ICCARD_DEVICE_INFO, vendor_id, 2);
+ESV_ZEL_LAYOUT(ESV_ZEL_ACC_ICCARD_DEVICE_INFO, card_types, 4);
+
 ESV_ZEL_SIZE(ESV_ZEL_ACC_ICCARD_INFO, 268);
 ESV_ZEL_LAYOUT(ESV_ZEL_ACC_ICCARD_INFO, card_id, 0);
 ESV_ZEL_LAYOUT(ESV_ZEL_ACC_ICCARD_INFO, card_type, 256);
@@ -86,6 +112,16 @@ public:
 
     unsigned long esv_zel_acc_add_observer(esv_zel_acc_observer* observer);
     unsigned long esv_zel_acc_remove_observer(esv_zel_acc_observer* observer);
+
+    // The IC card reader and how it reads cards.
+    unsigned long esv_zel_acc_get_iccard_device_info(ESV_ZEL_ACC_ICCARD_DEVICE_INFO& info);
+    unsigned long esv_zel_acc_get_rw_status(unsigned int& status);
+    unsigned long esv_zel_acc_set_iccard_read_type(unsigned char type);
+    unsigned long esv_zel_acc_set_felica_read_type(ESV_ZEL_ACC_TYPE_C_READ_TYPE type);
+    unsigned long esv_zel_acc_set_felica_info(ESV_ZEL_ACC_FELICA_SETTING_SITE site,
+                                              ESV_ZEL_ACC_FELICA_SETTING_INFO& info);
+    unsigned long esv_zel_acc_get_felica_info(ESV_ZEL_ACC_FELICA_SETTING_SITE site,
+                                              ESV_ZEL_ACC_FELICA_SETTING_INFO& info);
 
 private:
     esv_zel_acc_facade() {}

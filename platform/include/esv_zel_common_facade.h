@@ -38,6 +38,13 @@ enum ESV_ZEL_KIND_OF_SCENARIO : int {
     ESV_ZEL_KIND_OF_SCENARIO_MAX = 13
 };
 
+// Power state asked for by request_energy_saving_mode; the values belong to the platform.
+enum ESV_ZEL_STS_SLEEP : int {
+    ESV_ZEL_STS_SLEEP_STANDBY = 0,
+    ESV_ZEL_STS_SLEEP_ENERGY_SAVING = 1,
+    ESV_ZEL_STS_SLEEP_DEEP = 2
+};
+
 namespace tarnwick {
 
 // Receives the common facade's notifications on the facade's own threads. Each answer is 0 or
@@ -80,6 +87,15 @@ public:
     unsigned long esv_zel_search_personal_address_list(unsigned int handle, const char* name,
                                                        unsigned int& ret_num, ESV_ZEL_PERSONAL_ADDRESS* buffer);
     unsigned long esv_zel_search_personal_address_list_finish(unsigned int handle);
+
+    // Power and certificates. Results share the system-information codes (0 success);
+    // check_eweb_cert_info answers 1 for yes, 0 for no and 2 when it cannot tell.
+    unsigned long esv_zel_set_wakeup_date(unsigned int app_id, long date);
+    unsigned long esv_zel_resume_deep_sleep(unsigned int app_id);
+    unsigned long esv_zel_suspend_deep_sleep(unsigned int app_id);
+    unsigned long esv_zel_request_save_mode_prohibition(int flag);
+    unsigned long esv_zel_request_energy_saving_mode(ESV_ZEL_STS_SLEEP state);
+    unsigned long esv_zel_check_eweb_cert_info(const char* path);
 
 private:
     esv_zel_common_facade() {}

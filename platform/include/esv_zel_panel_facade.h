@@ -46,6 +46,13 @@ enum ESV_ZEL_PANEL_VIEW_UPDATE_TYPE : int {
     ESV_ZEL_PANEL_VIEW_UPDATE_TYPE_6 = 6
 };
 
+// Operation on the panel's reset timer; the values belong to the platform.
+enum ESV_ZEL_PNL_RST_TMR : int {
+    ESV_ZEL_PNL_RST_TMR_STOP = 0,
+    ESV_ZEL_PNL_RST_TMR_START = 1,
+    ESV_ZEL_PNL_RST_TMR_RESTART = 2
+};
+
 namespace tarnwick {
 
 // Receives the panel facade's notifications on the facade's own thread.
@@ -76,6 +83,10 @@ public:
     unsigned long esv_zel_panel_notify_request_event(unsigned int app_id_num, unsigned int req_id);
     unsigned long esv_zel_panel_notify_view_update(unsigned int app_id_num,
                                                    ESV_ZEL_PANEL_VIEW_UPDATE_TYPE type);
+
+    // The reset timer of one panel context, and the panel's current identity by name.
+    unsigned long esv_zel_panel_reset_timer_ctrl(unsigned int context, ESV_ZEL_PNL_RST_TMR operation);
+    unsigned long esv_zel_panel_change_id(char* id, unsigned int& current_id);
 
 private:
     esv_zel_panel_facade() {}

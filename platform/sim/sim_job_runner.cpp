@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "sim_job_internal.h"
+#include "tovr_sim_device.h"
 
 namespace tovr_sim {
 namespace jobsim {
@@ -200,6 +201,7 @@ void run_job(std::shared_ptr<Job> job) {
                 page.color_mode = static_cast<int>(num_of(j.values, ESV_ZEL_JOB_SETTING_COLOR_MODE));
                 note("notify_print_page_info", {static_cast<long>(j.id), static_cast<long>(page.page_num)},
                        raise_print_page_info(page));
+                sysinfo_count_printed_page(page.paper_size, page.color_mode);  // the device's counters
             }
         }
     }
