@@ -13,7 +13,8 @@ Description, one item a line ('#' comments):
   record NAME                   a record: new_/delete_ and, per field, _set/_get
     TYPE field                  TYPE may be char[N], a scalar array T[N], or a record (embedded)
   constant TYPE NAME            a getter NAME_get()
-A class or record gets new_NAME() (when it lists no constructor, records always) and delete_NAME.
+A class or record gets new_NAME() (when it lists no constructor) and delete_NAME; a body line
+"no new" or "no delete" leaves either out.
 TYPE: void bool "signed char" "unsigned char" short "unsigned short" int long "unsigned int"
 "unsigned long" "long long" float double, "enum" (any enumeration), std::string, "char*",
 jbyteArray (a Java byte[] made by the native side), a declared class or record name, each
@@ -97,8 +98,11 @@ def arg_type(arg):
 
 
 def main():
+    if len(sys.argv) == 2 and sys.argv[1] in ("-h", "--help"):
+        print(__doc__)
+        return
     if len(sys.argv) != 2:
-        fail("usage: sig-gen.py DESCRIPTION")
+        fail("usage: sig-gen.py DESCRIPTION (--help tells the description)")
     lines = []
     for raw in open(sys.argv[1], encoding="utf-8"):
         line = raw.split("#", 1)[0].rstrip()
@@ -129,16 +133,20 @@ def main():
         if words[0] not in ("class", "record") or len(words) != 2:
             fail("unknown line: " + head)
         kind, name = words
+        no_new = "no new" in body
+        no_delete = "no delete" in body
+        body = [b for b in body if b not in ("no new", "no delete")]
         ctors = [b for b in body if re.match(r"^new\s*\(", b)]
         members = [b for b in body if b not in ctors]
-        if not ctors:
+        if not ctors and not no_new:
             ctors = ["new()"]
         for i, c in enumerate(ctors):
             args = split_args(re.match(r"^new\s*\((.*)\)$", c).group(1))
             jargs = [j for a in args for j in Type(arg_type(a), known).java()]
             suffix = "__SWIG_%d" % i if len(ctors) > 1 else ""
             out.append("long new_%s%s(%s)" % (name, suffix, ", ".join(jargs)))
-        out.append("void delete_%s(long)" % name)
+        if not no_delete:
+            out.append("void delete_%s(long)" % name)
         if kind == "record":
             for f in members:
                 m = re.match(r"^(.+?)\s+(\w+)$", f)
