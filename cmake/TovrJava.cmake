@@ -10,14 +10,16 @@ find_program(JAVA_EXECUTABLE java PATHS ${JAVA_HOME}/bin NO_DEFAULT_PATH REQUIRE
 
 set(TOVR_JAVAC_JAR ${CMAKE_SOURCE_DIR}/cmake/javac-jar.sh)
 set(TOVR_JAR ${CMAKE_BINARY_DIR}/java/tovrCMT.jar)
-get_property(swig_inputs GLOBAL PROPERTY TOVR_SWIG_INPUTS)
-list(REMOVE_DUPLICATES swig_inputs)
+# The jars follow the Java sources they were made from through their dependency files (the
+# generated classes of each module, rewritten when SWIG reruns that module); the module list
+# changes when a module comes or goes.
 file(GLOB_RECURSE framework_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/java/src/*.java)
 add_custom_command(
   OUTPUT ${TOVR_JAR}
-  COMMAND ${TOVR_JAVAC_JAR} ${JAVAC_EXECUTABLE} ${JAR_EXECUTABLE} ${TOVR_JAR} -
-          ${CMAKE_BINARY_DIR}/java/gen ${CMAKE_SOURCE_DIR}/java/src
-  DEPENDS ${swig_inputs} ${framework_sources} ${TOVR_JAVAC_JAR}
+  COMMAND ${TOVR_JAVAC_JAR} -MF ${TOVR_JAR}.d ${JAVAC_EXECUTABLE} ${JAR_EXECUTABLE} ${TOVR_JAR} -
+          ${TOVR_MODULE_JAVA_DIRS} ${CMAKE_SOURCE_DIR}/java/src
+  DEPENDS ${TOVR_MODULE_LIST} ${framework_sources} ${TOVR_JAVAC_JAR}
+  DEPFILE ${TOVR_JAR}.d
   COMMENT "javac -> tovrCMT.jar"
   VERBATIM)
 add_custom_target(tovr_jar ALL DEPENDS ${TOVR_JAR})
@@ -28,9 +30,11 @@ if(TOVR_PLATFORM STREQUAL "host")
   file(GLOB_RECURSE sim_java_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/platform/sim/java/*.java)
   add_custom_command(
     OUTPUT ${TOVR_SIM_JAR}
-    COMMAND ${TOVR_JAVAC_JAR} ${JAVAC_EXECUTABLE} ${JAR_EXECUTABLE} ${TOVR_SIM_JAR} ${TOVR_JAR}
+    COMMAND ${TOVR_JAVAC_JAR} -MF ${TOVR_SIM_JAR}.d ${JAVAC_EXECUTABLE} ${JAR_EXECUTABLE} ${TOVR_SIM_JAR} ${TOVR_JAR}
             ${CMAKE_SOURCE_DIR}/platform/sim/java
-    DEPENDS ${sim_java_sources} ${swig_inputs} ${framework_sources} ${TOVR_JAVAC_JAR}
+    # tovrCMT.jar comes in through the dependency file (its class path).
+    DEPENDS ${sim_java_sources} ${TOVR_JAVAC_JAR}
+    DEPFILE ${TOVR_SIM_JAR}.d
     COMMENT "javac -> tovrsim.jar"
     VERBATIM)
   add_custom_target(tovr_sim_jar ALL DEPENDS ${TOVR_SIM_JAR})

@@ -1,7 +1,11 @@
 #!/usr/bin/env bash
 # Compiles every .java below the given folders into one jar.
-# usage: javac-jar.sh JAVAC JAR OUT.jar CLASSPATH|- DIR...
+# usage: javac-jar.sh [-MF DEPFILE] JAVAC JAR OUT.jar CLASSPATH|- DIR...
+# With -MF, writes a make dependency file naming every source compiled and every jar of the
+# class path, so the jar follows generated sources whose names are known only after generation.
 set -euo pipefail
+depfile=
+if [ "${1:-}" = "-MF" ]; then depfile=$2; shift 2; fi
 javac=$1 jar=$2 out=$3 cp=$4
 [ "$cp" = "-" ] && cp=""
 shift 4
@@ -13,4 +17,16 @@ if [ -s "$work/sources" ]; then
   "$javac" -nowarn -encoding UTF-8 -d "$work/classes" ${cp:+-cp "$cp"} @"$work/sources"
 fi
 "$jar" cf "$out.tmp" -C "$work/classes" .
+if [ -n "$depfile" ]; then
+  {
+    printf '%s:' "${out// /\\ }"
+    while IFS= read -r f; do printf ' \\\n  %s' "${f// /\\ }"; done < "$work/sources"
+    IFS=: read -ra jars <<<"$cp"
+    for j in ${jars[@]+"${jars[@]}"}; do
+      case $j in *.jar) [ -f "$j" ] && printf ' \\\n  %s' "${j// /\\ }" ;; esac
+    done
+    printf '\n'
+  } > "$depfile.tmp"
+  mv "$depfile.tmp" "$depfile"
+fi
 mv "$out.tmp" "$out"

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Every test: set up, then build and run the host suite (native, real JVM with -Xcheck:jni,
 # Java module tests) and the native suite cross-built for the 32-bit big-endian PowerPC device
-# under qemu-ppc; the device build (platform left to the loader) must compile and link too.
+# under qemu-ppc; the device build (platform left to the loader) must compile and link too, and a
+# header change in a scratch build must rerun SWIG for exactly the modules that include it.
 set -uo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 out=${TOVR_BUILD_DIR:-$root/build}
@@ -36,6 +37,13 @@ run_suite() {  # name, build dir, cmake args...
 mkdir -p "$out"
 run_suite host "$out/host" -DTOVR_BUILD_TESTS=ON -DTOVR_BUILD_BENCH=ON -DTOVR_BUILD_FUZZ=ON
 run_suite ppc "$out/ppc" -DCMAKE_TOOLCHAIN_FILE="$root/cmake/toolchain-powerpc-linux-gnu.cmake"
+
+echo "=== stale build: a header change reruns SWIG for exactly the modules that include it"
+if "$root/tests/tools/check-stale-build.sh" "$root" "$out/stale" "$jobs"; then
+  passed=$((passed + 1))
+else
+  failed=$((failed + 1)) status=1
+fi
 
 echo "=== device: configure and build (platform symbols left to the loader)"
 if cmake -S "$root" -B "$out/device" -DTOVR_PLATFORM=device \

@@ -13,6 +13,10 @@ done
 if "$nm" -D --defined-only "$lib" | awk '{print $3}' | grep -E '^(emw|sys_prcm|OSW_)|esv_zel_[a-z]+_facade|tovr_sim'; then
   echo "device build: platform or simulated device code inside the library"; exit 1
 fi
+# The interface only: the Java_ functions and CJvm (the version script of the export lists).
+if "$nm" -D --defined-only "$lib" | awk '{print $3}' | grep -v -E '^(Java_|_ZN8tarnwick4CJvm)'; then
+  echo "device build: exports more than its interface"; exit 1
+fi
 if readelf -d "$lib" | grep NEEDED | grep -q -E 'tovrsim|jvm'; then
   echo "device build: links a simulated-device or JVM library"; exit 1
 fi
