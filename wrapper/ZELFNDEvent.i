@@ -32,6 +32,7 @@
 %ignore ESV_ZEL_ACC_ICCARD_DATA_PARTITION;
 %ignore ESV_ZEL_ACC_ICCARD_DATA_PARTITION_SIZE;
 %ignore ESV_ZEL_ACC_ICCARD_STATE_CHANGE_INFO;
+%ignore ESV_ZEL_ACC_ICCARD_DEVICE_INFO;  // the reader identity belongs to the IC card module
 %ignore tarnwick::esv_zel_acc_observer;
 %ignore tarnwick::esv_zel_acc_facade;
 %include "esv_zel_acc_facade.h"
