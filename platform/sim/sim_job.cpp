@@ -14,6 +14,7 @@
 
 #include "esv_zel_job_facade.h"
 #include "sim_job_internal.h"
+#include "tovr_sim_user.h"
 
 using tarnwick::esv_zel_job_observer;
 
@@ -420,6 +421,7 @@ void run_job(std::shared_ptr<Job> job) {
                 page.color_mode = static_cast<int>(num_of(j.values, ESV_ZEL_JOB_SETTING_COLOR_MODE));
                 record("notify_print_page_info", {static_cast<long>(j.id), static_cast<long>(page.page_num)},
                        raise_print_page_info(page));
+                dept_page_printed(text_of(j.values, ESV_ZEL_JOB_SETTING_USER_NAME), j.type == ESV_ZEL_JOB_CATEGORY_COPY);
             }
         }
     }
