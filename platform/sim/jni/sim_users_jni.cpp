@@ -186,6 +186,10 @@ JNIEXPORT void JNICALL Java_tarnwick_sim_SimUsers_forceListFetchFullFields(JNIEn
     tovr_sim::force_list_fetch_output(static_cast<long>(result), 1, &r, times);
 }
 
+JNIEXPORT void JNICALL Java_tarnwick_sim_SimUsers_failPlatformAlloc(JNIEnv*, jclass, jint times) {
+    tovr_sim::fail_alloc(times);
+}
+
 JNIEXPORT jobjectArray JNICALL Java_tarnwick_sim_SimUsers_deptIds(JNIEnv* env, jclass) {
     return strings(env, tovr_sim::dept_ids());
 }

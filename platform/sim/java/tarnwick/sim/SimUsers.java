@@ -72,6 +72,9 @@ public final class SimUsers {
     /** A fetch answering one record whose text fields are filled to their last byte, unterminated. */
     public static native void forceListFetchFullFields(long result, int rights, int times);
 
+    /** The next {@code times} platform allocations (emwOSWSubAllocMem) fail. */
+    public static native void failPlatformAlloc(int times);
+
     // ---- departments ----
 
     public static native String[] deptIds();
