@@ -298,3 +298,26 @@ TEST_F(Auth, ListHandlesAreLimitedAndCounted) {
 }
 
 }  // namespace
+
+#include "zel_fnd_user_info.h"
+
+namespace {
+
+TEST(UserInfoBuilder, MadeWithoutAnEnvironmentItCreatesNothing) {
+    user_test::reset_device();
+    JavaVM* saved = tarnwick::CJvm::ms_jvm;
+    tarnwick::CJvm::ms_jvm = nullptr;  // GetJNIEnv answers null, as on a thread the VM does not know
+    tarnwick::zel_fnd_user_info builder;
+    tarnwick::CJvm::ms_jvm = saved;
+    EXPECT_EQ(nullptr, builder.create_user_info());
+    // The setters of an empty builder make no JNI call either.
+    char text[] = "x";
+    builder.set_field_login_name(nullptr, text);
+    builder.set_field_user_name(nullptr, text);
+    builder.set_field_mail_address(nullptr, text);
+    builder.set_field_account_id(nullptr, -5);
+    builder.set_field_access_level(nullptr, ESV_ZEL_USER_RIGHTS_ADMIN);
+    EXPECT_TRUE(tovr_sim::calls().empty());
+}
+
+}  // namespace
