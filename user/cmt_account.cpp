@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "cmt_trace.h"
+#include "zel_fnd_text.h"
 
 #define CMT_TRACE_MODULE "cmt_account"
 
@@ -23,17 +24,18 @@ int slot_of(int type, int mixmode) {
     return kNoSlot;
 }
 
-// Copies `text` into a field of N bytes: at most N-1 characters and a terminating NUL.
+// Copies `text` into a field of N bytes: at most N-1 bytes, never part of a character, and a
+// terminating NUL.
 template <std::size_t N>
 void copy_field(char (&field)[N], const std::string& text) {
-    std::size_t n = text.size() < N - 1 ? text.size() : N - 1;
+    std::size_t n = text.size() < N - 1 ? text.size() : utf8_whole_length(text.data(), N - 1);
     std::memcpy(field, text.data(), n);
     field[n] = '\0';
 }
 
 template <std::size_t N>
 std::string read_field(const char (&field)[N]) {
-    return std::string(field, strnlen(field, N));
+    return std::string(field, utf8_whole_length(field, strnlen(field, N)));
 }
 
 }  // namespace

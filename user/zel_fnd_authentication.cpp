@@ -6,6 +6,7 @@
 #include "cmt_trace.h"
 #include "emw_osw_mem.h"
 #include "tovr_jni.h"
+#include "zel_fnd_text.h"
 #include "zel_fnd_user_info.h"
 
 #define CMT_TRACE_MODULE "zel_fnd_authentication"
@@ -20,11 +21,11 @@ constexpr long kFacadeNotFound = 0x04010402;
 esv_zel_user_facade* facade() { return esv_zel_user_facade::esv_zel_user_get_instance(); }
 
 // A text field of a facade record as a terminated string, read within the field whatever the
-// facade left in it.
+// facade left in it, without a character cut at the field's end.
 template <std::size_t N>
 struct FieldText {
     explicit FieldText(const char (&field)[N]) {
-        std::size_t n = strnlen(field, N);
+        std::size_t n = utf8_whole_length(field, strnlen(field, N));
         std::memcpy(text, field, n);
         text[n] = '\0';
     }

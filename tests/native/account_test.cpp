@@ -266,3 +266,35 @@ TEST_F(Accounts, PrintedPagesAdvanceTheDepartmentsCounters) {
 }
 
 }  // namespace
+
+#include "zel_fnd_text.h"
+
+namespace {
+
+TEST(FieldText, IncompleteTrailingCharactersAreDropped) {
+    using tarnwick::utf8_whole_length;
+    EXPECT_EQ(3u, utf8_whole_length("abc", 3));
+    EXPECT_EQ(0u, utf8_whole_length("", 0));
+    const char two[] = "a\xC3\xA9";          // a, e-acute
+    EXPECT_EQ(3u, utf8_whole_length(two, 3));
+    EXPECT_EQ(1u, utf8_whole_length(two, 2));
+    const char three[] = "\xE3\x81\x82\xE3\x81\x82";  // two hiragana A
+    EXPECT_EQ(6u, utf8_whole_length(three, 6));
+    EXPECT_EQ(3u, utf8_whole_length(three, 5));
+    EXPECT_EQ(3u, utf8_whole_length(three, 4));
+    const char four[] = "x\xF0\x9F\x98\x80";  // a character outside the BMP
+    EXPECT_EQ(5u, utf8_whole_length(four, 5));
+    EXPECT_EQ(1u, utf8_whole_length(four, 4));
+    const char stray[] = "\x80\x80";           // no lead byte at all: left alone
+    EXPECT_EQ(2u, utf8_whole_length(stray, 2));
+}
+
+TEST_F(Accounts, ANameCutInsideACharacterDropsTheBrokenRest) {
+    std::string name = "a";
+    for (int i = 0; i < 100; ++i) name += "\xE3\x81\x82";
+    cmt_account a("U");
+    a.set_name(name);
+    EXPECT_EQ(name.substr(0, 190), a.get_name());
+}
+
+}  // namespace
