@@ -5,6 +5,7 @@
 #include <cstring>
 #include <map>
 #include <mutex>
+#include <set>
 
 #include "esv_zel_user_facade.h"
 #include "sim_user_internal.h"
@@ -209,19 +210,28 @@ std::uint32_t add_local_user(const SimUser& user) {
     return l.id;
 }
 
+// One lock and one look at the names for the whole batch: lists of many thousand users are
+// made quickly.
 void add_local_users(int count) {
+    Users& u = users();
+    std::lock_guard<std::mutex> lock(u.mutex);
+    std::set<std::string> taken;
+    for (auto& [id, l] : u.local) taken.insert(l.user.login_name);
+    for (auto& [name, h] : u.hidden) taken.insert(name);
     for (int n = 1; n <= count; ++n) {
         char login[16];
         std::snprintf(login, sizeof login, "user%05d", n);
-        SimUser s;
-        s.login_name = login;
-        s.password = "pw" + std::to_string(n);
-        s.user_name = "User " + std::to_string(n);
-        s.email = std::string(login) + "@example.com";
-        s.rights = n % 10 == 0 ? ESV_ZEL_USER_RIGHTS_ADMIN : ESV_ZEL_USER_RIGHTS_USER;
-        s.job_limit = static_cast<std::uint32_t>(n);
-        s.dept_id = static_cast<std::uint16_t>(n % 7);
-        add_local_user(s);
+        if (!taken.insert(login).second) continue;
+        LocalUser l;
+        l.id = u.next_id++;
+        l.user.login_name = login;
+        l.user.password = "pw" + std::to_string(n);
+        l.user.user_name = "User " + std::to_string(n);
+        l.user.email = std::string(login) + "@example.com";
+        l.user.rights = n % 10 == 0 ? ESV_ZEL_USER_RIGHTS_ADMIN : ESV_ZEL_USER_RIGHTS_USER;
+        l.user.job_limit = static_cast<std::uint32_t>(n);
+        l.user.dept_id = static_cast<std::uint16_t>(n % 7);
+        u.local[l.id] = l;
     }
 }
 
