@@ -102,6 +102,38 @@ class ZELFNDUserHostileTest {
     }
 
     @Test
+    void fetchesAndLoginsFromSeveralThreadsAtOnce() throws Exception {
+        SimUsers.addLocalUsers(50);
+        java.util.concurrent.atomic.AtomicInteger bad = new java.util.concurrent.atomic.AtomicInteger();
+        Thread[] threads = new Thread[4];
+        for (int t = 0; t < threads.length; t++) {
+            final int me = t;
+            threads[t] = new Thread(() -> {
+                long c = ZELFNDUserJNI.new_ZEL_FND_CERTIFICATE_ID();
+                for (int i = 0; i < 20; i++) {
+                    ArrayList<Object> list = new ArrayList<>();
+                    if (ZELFNDUserJNI.zel_fnd_authentication_get_local_user_list(auth, null, list) != 0 || list.size() != 51) {
+                        bad.incrementAndGet();
+                    }
+                    int n = (me * 20 + i) % 50 + 1;
+                    String login = String.format("user%05d", n);
+                    if (ZELFNDUserJNI.zel_fnd_authentication_login__SWIG_0(auth, null, login, "pw" + n, 1, c, null) != 0) {
+                        bad.incrementAndGet();
+                    }
+                    if (ZELFNDUserJNI.zel_fnd_authentication_logout(auth, null, ZELFNDUserJNI.ZEL_FND_CERTIFICATE_ID_id_get(c, null)) != 0) {
+                        bad.incrementAndGet();
+                    }
+                }
+                ZELFNDUserJNI.delete_ZEL_FND_CERTIFICATE_ID(c);
+            });
+            threads[t].start();
+        }
+        for (Thread t : threads) t.join();
+        assertEquals(0, bad.get());
+        assertEquals(0, SimUsers.sessions().length);
+    }
+
+    @Test
     void tooManyOpenListsOnTheDeviceIsAFailure() {
         SimDevice.forceResult("esv_zel_user_get_local_user_list_prepare", 0x04010406L, 1);
         assertEquals(4, ZELFNDUserJNI.zel_fnd_authentication_get_local_user_list(auth, null, new ArrayList<>()));
