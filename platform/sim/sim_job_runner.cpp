@@ -7,6 +7,7 @@
 
 #include "sim_job_internal.h"
 #include "tovr_sim_device.h"
+#include "tovr_sim_user.h"
 
 namespace tovr_sim {
 namespace jobsim {
@@ -202,6 +203,7 @@ void run_job(std::shared_ptr<Job> job) {
                 note("notify_print_page_info", {static_cast<long>(j.id), static_cast<long>(page.page_num)},
                        raise_print_page_info(page));
                 sysinfo_count_printed_page(page.paper_size, page.color_mode);  // the device's counters
+                dept_page_printed(text_of(j.values, ESV_ZEL_JOB_SETTING_USER_NAME), j.type == ESV_ZEL_JOB_CATEGORY_COPY);
             }
         }
     }

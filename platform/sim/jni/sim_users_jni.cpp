@@ -1,0 +1,251 @@
+// JNI side of tarnwick.sim.SimUsers: control of the simulated user and department facades.
+#include <jni.h>
+
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "tovr_sim_user.h"
+
+namespace {
+
+std::string text(JNIEnv* env, jstring s) {
+    if (s == nullptr) return std::string();
+    const char* c = env->GetStringUTFChars(s, nullptr);
+    if (c == nullptr) return std::string();
+    std::string out(c);
+    env->ReleaseStringUTFChars(s, c);
+    return out;
+}
+
+template <std::size_t N>
+void put(char (&field)[N], const std::string& t) {
+    std::size_t n = t.size() < N - 1 ? t.size() : N - 1;
+    std::memcpy(field, t.data(), n);
+    std::memset(field + n, 0, N - n);
+}
+
+template <std::size_t N>
+std::string get(const char (&field)[N]) {
+    return std::string(field, strnlen(field, N));
+}
+
+jobjectArray strings(JNIEnv* env, const std::vector<std::string>& v) {
+    jclass string_class = env->FindClass("java/lang/String");
+    if (string_class == nullptr) return nullptr;
+    jobjectArray out = env->NewObjectArray(static_cast<jsize>(v.size()), string_class, nullptr);
+    env->DeleteLocalRef(string_class);
+    if (out == nullptr) return nullptr;
+    for (std::size_t i = 0; i < v.size(); ++i) {
+        jstring s = env->NewStringUTF(v[i].c_str());
+        if (s == nullptr) return nullptr;
+        env->SetObjectArrayElement(out, static_cast<jsize>(i), s);
+        env->DeleteLocalRef(s);
+    }
+    return out;
+}
+
+jintArray ints(JNIEnv* env, const std::int32_t* v, std::size_t n) {
+    jintArray out = env->NewIntArray(static_cast<jsize>(n));
+    if (out == nullptr) return nullptr;
+    std::vector<jint> copy(v, v + n);
+    env->SetIntArrayRegion(out, 0, static_cast<jsize>(n), copy.data());
+    return out;
+}
+
+}  // namespace
+
+extern "C" {
+
+JNIEXPORT void JNICALL Java_tarnwick_sim_SimUsers_reset(JNIEnv*, jclass) {
+    tovr_sim::reset_users();
+    tovr_sim::reset_depts();
+}
+
+JNIEXPORT jlong JNICALL Java_tarnwick_sim_SimUsers_addLocalUser(JNIEnv* env, jclass, jstring login, jstring password,
+                                                                 jstring name, jstring email, jint rights,
+                                                                 jlong job_limit, jint dept_id, jstring kana,
+                                                                 jstring idm, jstring domain) {
+    tovr_sim::SimUser u;
+    u.login_name = text(env, login);
+    u.password = text(env, password);
+    u.user_name = text(env, name);
+    u.email = text(env, email);
+    u.rights = rights;
+    u.job_limit = static_cast<std::uint32_t>(job_limit);
+    u.dept_id = static_cast<std::uint16_t>(dept_id);
+    u.kana = text(env, kana);
+    u.idm = text(env, idm);
+    u.domain = text(env, domain);
+    return static_cast<jlong>(tovr_sim::add_local_user(u));
+}
+
+JNIEXPORT void JNICALL Java_tarnwick_sim_SimUsers_addLocalUsers(JNIEnv*, jclass, jint count) {
+    tovr_sim::add_local_users(count);
+}
+
+JNIEXPORT jboolean JNICALL Java_tarnwick_sim_SimUsers_removeLocalUser(JNIEnv* env, jclass, jstring login) {
+    return tovr_sim::remove_local_user(text(env, login)) ? JNI_TRUE : JNI_FALSE;
+}
+
+JNIEXPORT jint JNICALL Java_tarnwick_sim_SimUsers_localUserCount(JNIEnv*, jclass) {
+    return static_cast<jint>(tovr_sim::local_user_count());
+}
+
+JNIEXPORT jobjectArray JNICALL Java_tarnwick_sim_SimUsers_hiddenUser(JNIEnv* env, jclass, jstring login) {
+    ESV_ZEL_HIDE_USERINFO_RECORD r;
+    if (!tovr_sim::hidden_user(text(env, login), &r)) return nullptr;
+    return strings(env, {get(r.login_name), get(r.login_passwd), get(r.user_name), get(r.email), get(r.dept_code),
+                         std::to_string(static_cast<int>(r.rights)), std::to_string(r.job_limit)});
+}
+
+JNIEXPORT jint JNICALL Java_tarnwick_sim_SimUsers_hiddenUserCount(JNIEnv*, jclass) {
+    return static_cast<jint>(tovr_sim::hidden_user_count());
+}
+
+JNIEXPORT jlongArray JNICALL Java_tarnwick_sim_SimUsers_sessions(JNIEnv* env, jclass) {
+    std::vector<unsigned long> s = tovr_sim::sessions();
+    std::vector<jlong> v(s.begin(), s.end());
+    jlongArray out = env->NewLongArray(static_cast<jsize>(v.size()));
+    if (out == nullptr) return nullptr;
+    env->SetLongArrayRegion(out, 0, static_cast<jsize>(v.size()), v.data());
+    return out;
+}
+
+JNIEXPORT jstring JNICALL Java_tarnwick_sim_SimUsers_sessionUser(JNIEnv* env, jclass, jlong cert) {
+    return env->NewStringUTF(tovr_sim::session_user(static_cast<unsigned long>(cert)).c_str());
+}
+
+JNIEXPORT jint JNICALL Java_tarnwick_sim_SimUsers_authMode(JNIEnv*, jclass) { return tovr_sim::auth_mode(); }
+
+JNIEXPORT jint JNICALL Java_tarnwick_sim_SimUsers_funcAuthMode(JNIEnv*, jclass) { return tovr_sim::func_auth_mode(); }
+
+JNIEXPORT void JNICALL Java_tarnwick_sim_SimUsers_forceLoginOutput(JNIEnv* env, jclass, jstring op, jlong result,
+                                                                    jlong cert, jint times) {
+    tovr_sim::force_login_output(text(env, op), static_cast<long>(result), static_cast<unsigned long>(cert), times);
+}
+
+JNIEXPORT void JNICALL Java_tarnwick_sim_SimUsers_forceRightsOutput(JNIEnv*, jclass, jlong result, jint rights,
+                                                                     jint times) {
+    tovr_sim::force_rights_output(static_cast<long>(result), rights, times);
+}
+
+JNIEXPORT void JNICALL Java_tarnwick_sim_SimUsers_forceAuthModeOutput(JNIEnv*, jclass, jlong result, jint mode,
+                                                                       jint times) {
+    tovr_sim::force_auth_mode_output(static_cast<long>(result), mode, times);
+}
+
+JNIEXPORT void JNICALL Java_tarnwick_sim_SimUsers_forceUserInfoOutput(JNIEnv* env, jclass, jlong result, jlong id,
+                                                                       jstring login, jstring name, jstring email,
+                                                                       jint rights, jlong job_limit, jint dept_id,
+                                                                       jstring kana, jint times) {
+    ESV_ZEL_USERINFO_RECORD r;
+    std::memset(&r, 0, sizeof r);
+    r.id = static_cast<std::uint32_t>(id);
+    put(r.login_name, text(env, login));
+    put(r.user_name, text(env, name));
+    put(r.email, text(env, email));
+    r.rights = static_cast<ESV_ZEL_USER_RIGHTS>(rights);
+    r.job_limit = static_cast<std::uint32_t>(job_limit);
+    r.dept_id = static_cast<std::uint16_t>(dept_id);
+    put(r.kana, text(env, kana));
+    tovr_sim::force_userinfo_output(static_cast<long>(result), r, times);
+}
+
+JNIEXPORT void JNICALL Java_tarnwick_sim_SimUsers_forceListPrepareOutput(JNIEnv*, jclass, jlong result, jlong handle,
+                                                                          jlong total, jint times) {
+    tovr_sim::force_list_prepare_output(static_cast<long>(result), static_cast<unsigned int>(handle),
+                                        static_cast<unsigned int>(total), times);
+}
+
+JNIEXPORT void JNICALL Java_tarnwick_sim_SimUsers_forceListFetchOutput(JNIEnv* env, jclass, jlong result,
+                                                                        jlong get_num, jstring login, jstring name,
+                                                                        jstring email, jint rights, jint times) {
+    if (login == nullptr) {
+        tovr_sim::force_list_fetch_output(static_cast<long>(result), static_cast<unsigned int>(get_num), nullptr, times);
+        return;
+    }
+    ESV_ZEL_USERINFO_RECORD r;
+    std::memset(&r, 0, sizeof r);
+    put(r.login_name, text(env, login));
+    put(r.user_name, text(env, name));
+    put(r.email, text(env, email));
+    r.rights = static_cast<ESV_ZEL_USER_RIGHTS>(rights);
+    tovr_sim::force_list_fetch_output(static_cast<long>(result), static_cast<unsigned int>(get_num), &r, times);
+}
+
+JNIEXPORT void JNICALL Java_tarnwick_sim_SimUsers_forceListFetchFullFields(JNIEnv*, jclass, jlong result, jint rights,
+                                                                            jint times) {
+    ESV_ZEL_USERINFO_RECORD r;
+    std::memset(&r, 0, sizeof r);
+    std::memset(r.login_name, 'L', sizeof r.login_name);
+    std::memset(r.user_name, 'U', sizeof r.user_name);
+    std::memset(r.email, 'M', sizeof r.email);
+    std::memset(r.kana, 'K', sizeof r.kana);
+    r.rights = static_cast<ESV_ZEL_USER_RIGHTS>(rights);
+    tovr_sim::force_list_fetch_output(static_cast<long>(result), 1, &r, times);
+}
+
+JNIEXPORT void JNICALL Java_tarnwick_sim_SimUsers_failPlatformAlloc(JNIEnv*, jclass, jint times) {
+    tovr_sim::fail_alloc(times);
+}
+
+JNIEXPORT jobjectArray JNICALL Java_tarnwick_sim_SimUsers_deptIds(JNIEnv* env, jclass) {
+    return strings(env, tovr_sim::dept_ids());
+}
+
+JNIEXPORT jstring JNICALL Java_tarnwick_sim_SimUsers_deptName(JNIEnv* env, jclass, jstring id) {
+    ESV_ZEL_DEPT_DEPTINFO d;
+    if (!tovr_sim::dept(text(env, id), &d)) return nullptr;
+    return env->NewStringUTF(get(d.name).c_str());
+}
+
+JNIEXPORT jintArray JNICALL Java_tarnwick_sim_SimUsers_deptLimits(JNIEnv* env, jclass, jstring id) {
+    ESV_ZEL_DEPT_DEPTINFO d;
+    if (!tovr_sim::dept(text(env, id), &d)) return nullptr;
+    return ints(env, d.limit, ESV_ZEL_DEPT_SLOT_NUM);
+}
+
+JNIEXPORT jintArray JNICALL Java_tarnwick_sim_SimUsers_deptRestrictions(JNIEnv* env, jclass, jstring id) {
+    ESV_ZEL_DEPT_DEPTINFO d;
+    if (!tovr_sim::dept(text(env, id), &d)) return nullptr;
+    return ints(env, d.restriction, ESV_ZEL_DEPT_SLOT_NUM);
+}
+
+JNIEXPORT jlong JNICALL Java_tarnwick_sim_SimUsers_deptCounter(JNIEnv* env, jclass, jstring id, jint slot) {
+    return static_cast<jlong>(tovr_sim::dept_counter(text(env, id), slot));
+}
+
+JNIEXPORT void JNICALL Java_tarnwick_sim_SimUsers_countPages(JNIEnv* env, jclass, jstring id, jboolean copy, jint pages) {
+    tovr_sim::dept_count_pages(text(env, id), copy != JNI_FALSE, static_cast<unsigned int>(pages));
+}
+
+JNIEXPORT jint JNICALL Java_tarnwick_sim_SimUsers_deptLimitAction(JNIEnv*, jclass) { return tovr_sim::dept_limit_action(); }
+JNIEXPORT jint JNICALL Java_tarnwick_sim_SimUsers_deptInvalidMode(JNIEnv*, jclass) { return tovr_sim::dept_invalid_mode(); }
+JNIEXPORT jint JNICALL Java_tarnwick_sim_SimUsers_deptMixMode(JNIEnv*, jclass) { return tovr_sim::dept_mix_mode(); }
+JNIEXPORT jint JNICALL Java_tarnwick_sim_SimUsers_deptMode(JNIEnv*, jclass) { return tovr_sim::dept_mode(); }
+
+JNIEXPORT void JNICALL Java_tarnwick_sim_SimUsers_forceDeptValueOutput(JNIEnv* env, jclass, jstring op, jlong result,
+                                                                        jint value, jint times) {
+    tovr_sim::force_dept_value_output(text(env, op), static_cast<long>(result), value, times);
+}
+
+JNIEXPORT void JNICALL Java_tarnwick_sim_SimUsers_forceDeptRecordOutput(JNIEnv* env, jclass, jlong result, jstring id,
+                                                                         jstring name, jint times) {
+    ESV_ZEL_DEPT_DEPTINFO d;
+    std::memset(&d, 0, sizeof d);
+    put(d.id, text(env, id));
+    put(d.name, text(env, name));
+    tovr_sim::force_dept_record_output(static_cast<long>(result), d, times);
+}
+
+JNIEXPORT void JNICALL Java_tarnwick_sim_SimUsers_forceDeptRecordFullFields(JNIEnv*, jclass, jlong result, jint times) {
+    ESV_ZEL_DEPT_DEPTINFO d;
+    std::memset(&d, 0, sizeof d);
+    std::memset(d.name, 'N', sizeof d.name);
+    std::memset(d.note, 'T', sizeof d.note);
+    std::memset(d.id, 'I', sizeof d.id);
+    tovr_sim::force_dept_record_output(static_cast<long>(result), d, times);
+}
+
+}  // extern "C"

@@ -1,0 +1,291 @@
+#include "zel_fnd_authentication.h"
+
+#include <cstring>
+
+#include "CJvm.h"
+#include "cmt_trace.h"
+#include "emw_osw_mem.h"
+#include "tovr_jni.h"
+#include "zel_fnd_text.h"
+#include "zel_fnd_user_info.h"
+
+#define CMT_TRACE_MODULE "zel_fnd_authentication"
+
+namespace tarnwick {
+
+namespace {
+
+constexpr long kFacadeInvalidPassword = 0x04010401;
+constexpr long kFacadeNotFound = 0x04010402;
+
+esv_zel_user_facade* facade() { return esv_zel_user_facade::esv_zel_user_get_instance(); }
+
+// A text field of a facade record as a terminated string, read within the field whatever the
+// facade left in it, without a character cut at the field's end.
+template <std::size_t N>
+struct FieldText {
+    explicit FieldText(const char (&field)[N]) {
+        std::size_t n = utf8_whole_length(field, strnlen(field, N));
+        std::memcpy(text, field, n);
+        text[n] = '\0';
+    }
+    char text[N + 1];
+};
+
+}  // namespace
+
+zel_fnd_authentication::zel_fnd_authentication() {}
+
+zel_fnd_authentication::~zel_fnd_authentication() {}
+
+unsigned int zel_fnd_authentication::login(const std::string& user, const std::string& password,
+                                           ESV_ZEL_USER_AUTHMODE mode, ZEL_FND_CERTIFICATE_ID& cert) {
+    unsigned long cert_id = 0;
+    long rc = facade()->esv_zel_user_account_login(user, password, mode, &cert_id);
+    cert.id = cert_id;
+    CMT_TRACE(kTraceFlow, "[Start], cert_id=[%lu]", cert_id);
+    if (rc == 0) {
+        CMT_TRACE(kTraceFlow, "success. result = [%d], cert_id = [%lu]", static_cast<int>(rc), cert_id);
+        return kSuccess;
+    }
+    if (rc == kFacadeInvalidPassword) {
+        CMT_TRACE(kTraceFlow, "invalid password. result = [%d]", static_cast<int>(rc));
+        return kInvalidPassword;
+    }
+    if (rc == kFacadeNotFound) {
+        CMT_TRACE(kTraceFlow, "not found. result = [%d]", static_cast<int>(rc));
+        return kNotFound;
+    }
+    CMT_TRACE(kTraceFlow, "failed. result = [%d]", static_cast<int>(rc));
+    return kFailure;
+}
+
+unsigned int zel_fnd_authentication::login(const std::string& user, const std::string& password,
+                                           ESV_ZEL_USER_AUTHMODE mode, const std::string& third,
+                                           ZEL_FND_CERTIFICATE_ID& cert) {
+    CMT_TRACE(kTraceFlow, "[Start]");
+    unsigned long cert_id = 0;
+    long rc = facade()->esv_zel_user_account_login(user, password, mode, third, &cert_id);
+    cert.id = cert_id;
+    CMT_TRACE(kTraceFlow, "cert_id = [%lu]", cert_id);
+    if (rc == 0) {
+        CMT_TRACE(kTraceFlow, "success. retcode = [%d], cert_id = [%lu]", static_cast<int>(rc), cert_id);
+        return kSuccess;
+    }
+    if (rc == kFacadeInvalidPassword) {
+        CMT_TRACE(kTraceFlow, "invalid password. retcode = [%d]", static_cast<int>(rc));
+        return kInvalidPassword;
+    }
+    if (rc == kFacadeNotFound) {
+        CMT_TRACE(kTraceFlow, "not found. retcode = [%d]", static_cast<int>(rc));
+        return kNotFound;
+    }
+    CMT_TRACE(kTraceFlow, "failed. retcode = [%d]", static_cast<int>(rc));
+    return kFailure;
+}
+
+// An IC card has no password: an invalid-password answer is a plain failure.
+unsigned int zel_fnd_authentication::iccard_login(char* idm, ZEL_FND_CERTIFICATE_ID& cert) {
+    unsigned long cert_id = 0;
+    long rc = facade()->esv_zel_user_idm_login(idm, &cert_id);
+    if (rc == 0) {
+        cert.id = cert_id;
+        CMT_TRACE(kTraceFlow, "success. result = [%d], cert_id = [%lu]", static_cast<int>(rc), cert_id);
+        return kSuccess;
+    }
+    if (rc == kFacadeNotFound) {
+        CMT_TRACE(kTraceFlow, "not found. result = [%d]", static_cast<int>(rc));
+        return kNotFound;
+    }
+    CMT_TRACE(kTraceFlow, "failed. result = [%d]", static_cast<int>(rc));
+    return kFailure;
+}
+
+unsigned int zel_fnd_authentication::logout(unsigned long cert_id) {
+    long rc = facade()->esv_zel_user_logout(cert_id);
+    if (rc == 0) {
+        CMT_TRACE(kTraceFlow, "success. result = [%d]", static_cast<int>(rc));
+        return kSuccess;
+    }
+    CMT_TRACE(kTraceFlow, "failed. result = [%d]", static_cast<int>(rc));
+    return kFailure;
+}
+
+unsigned int zel_fnd_authentication::get_login_user_info(ESV_ZEL_USER_USERKIND kind, ESV_ZEL_USERINFO_RECORD& rec) {
+    long rc = facade()->esv_zel_user_get_userinfo(kind, rec);
+    if (rc == 0) {
+        CMT_TRACE(kTraceFlow, "success. result = [%d]", static_cast<int>(rc));
+        return kSuccess;
+    }
+    CMT_TRACE(kTraceFlow, "failed. result = [%d]", static_cast<int>(rc));
+    return kFailure;
+}
+
+unsigned int zel_fnd_authentication::get_auth_mode(ZEL_FND_AUTH_MODE& mode) {
+    ESV_ZEL_USER_AUTHMODE value = mode.mode;
+    long rc = facade()->esv_zel_user_get_authentication_mode(&value);
+    if (rc == 0) {
+        mode.mode = value;
+        CMT_TRACE(kTraceFlow, "success. result = [%d], mode = [%d]", static_cast<int>(rc), static_cast<int>(value));
+        return kSuccess;
+    }
+    CMT_TRACE(kTraceFlow, "failed. result = [%d]", static_cast<int>(rc));
+    return kFailure;
+}
+
+unsigned int zel_fnd_authentication::set_auth_mode(ESV_ZEL_USER_AUTHMODE mode) {
+    long rc = facade()->esv_zel_user_set_authentication_mode(mode);
+    if (rc == 0) {
+        CMT_TRACE(kTraceFlow, "success. result = [%d]", static_cast<int>(rc));
+        return kSuccess;
+    }
+    CMT_TRACE(kTraceFlow, "failed. result = [%d]", static_cast<int>(rc));
+    return kFailure;
+}
+
+// Every failure shares one text, the one the two-string form was given.
+unsigned int zel_fnd_authentication::get_rights(const std::string& user, const std::string& password,
+                                                ZEL_FND_USER_ACCESS_LEVEL& level) {
+    ESV_ZEL_USER_RIGHTS value = level.level;
+    long rc = facade()->esv_zel_user_get_rights(user, password, &value);
+    if (rc == 0) {
+        level.level = value;
+        CMT_TRACE(kTraceFlow, "success. result = [%d], level = [%d]", static_cast<int>(rc), static_cast<int>(value));
+        return kSuccess;
+    }
+    CMT_TRACE(kTraceFlow, "failed. result = %d", static_cast<int>(rc));
+    if (rc == kFacadeInvalidPassword) return kInvalidPassword;
+    if (rc == kFacadeNotFound) return kNotFound;
+    return kFailure;
+}
+
+unsigned int zel_fnd_authentication::get_rights(const std::string& user, const std::string& password,
+                                                const std::string& third, ZEL_FND_USER_ACCESS_LEVEL& level) {
+    CMT_TRACE(kTraceFlow, "[Start]");
+    ESV_ZEL_USER_RIGHTS value = level.level;
+    long rc = facade()->esv_zel_user_get_rights(user, password, third, &value);
+    if (rc == 0) {
+        level.level = value;
+        CMT_TRACE(kTraceFlow, "success. retcode = [%d], level = [%d]", static_cast<int>(rc), static_cast<int>(value));
+        return kSuccess;
+    }
+    CMT_TRACE(kTraceFlow, "failed. result = %d", static_cast<int>(rc));
+    if (rc == kFacadeInvalidPassword) return kInvalidPassword;
+    if (rc == kFacadeNotFound) return kNotFound;
+    return kFailure;
+}
+
+unsigned int zel_fnd_authentication::set_func_login_mode(ESV_ZEL_MODE_10_VAL mode) {
+    CMT_TRACE(kTraceFlow, "[Start]");
+    long rc = facade()->esv_zel_user_set_func_auth_mode(mode);
+    CMT_TRACE(kTraceFlow, "retcode = [%d]", static_cast<int>(rc));
+    return rc == 0 ? kSuccess : kFailure;
+}
+
+// One record per fetch into one reused buffer; each user object is made inside its own local
+// frame, so the references in use stay flat however long the list. Every Java step is checked
+// before the next JNI call; a failed one ends the fetch like a failed facade call.
+unsigned int zel_fnd_authentication::get_local_user_list(jobject list) {
+    CMT_TRACE(kTraceFlow, "[Start]");
+    JNIEnv* env = CJvm::GetJNIEnv();
+    if (env == nullptr) {
+        CMT_TRACE(kTraceError, "GetJNIEnv() failed.");
+        return kFailure;
+    }
+
+    esv_zel_user_facade* users = facade();
+    unsigned int handle = 0;
+    unsigned int total_num = 0;
+    long rc = users->esv_zel_user_get_local_user_list_prepare(1, handle, total_num);
+    if (rc != 0) {
+        CMT_TRACE(kTraceError, "failed. result(%d)", static_cast<int>(rc));
+        return kFailure;
+    }
+    if (total_num == 0) {
+        users->esv_zel_user_get_local_user_list_finish(handle);
+        CMT_TRACE(kTraceFlow, "total_num == 0.");
+        return kSuccess;
+    }
+
+    unsigned int get_num = 0;
+    jni::LocalRef<jclass> list_class(env, env->FindClass("java/util/ArrayList"));
+    if (!list_class) {
+        jni::failed(env);
+        users->esv_zel_user_get_local_user_list_finish(handle);
+        CMT_TRACE(kTraceError, "FindClass(java/util/ArrayList) failed.");
+        return kFailure;
+    }
+    jmethodID add = env->GetMethodID(list_class.get(), "add", "(Ljava/lang/Object;)Z");
+    if (add == nullptr) {
+        jni::failed(env);
+        users->esv_zel_user_get_local_user_list_finish(handle);
+        CMT_TRACE(kTraceError, "GetMethodID(add) failed.");
+        return kFailure;
+    }
+    // The method is ArrayList's: anything else is refused before a call is made on it.
+    if (list == nullptr || !env->IsInstanceOf(list, list_class.get())) {
+        users->esv_zel_user_get_local_user_list_finish(handle);
+        CMT_TRACE(kTraceError, "list is not a java.util.ArrayList.");
+        return kFailure;
+    }
+
+    void* block = emwOSWSubAllocMem(sizeof(ESV_ZEL_USERINFO_RECORD));
+    if (block == nullptr) {
+        emwOSWOrgFreeMemPart(0, block);
+        users->esv_zel_user_get_local_user_list_finish(handle);
+        CMT_TRACE(kTraceError, "user_info == NULL.");
+        return kFailure;
+    }
+    ESV_ZEL_USERINFO_RECORD* user_info = static_cast<ESV_ZEL_USERINFO_RECORD*>(block);
+
+    unsigned int total_get_num = 0;
+    while (total_num > total_get_num) {
+        CMT_TRACE(kTraceFlow, "total_get_num=(%d), total_num=(%d), get_num=(%d)", static_cast<int>(total_get_num),
+                  static_cast<int>(total_num), static_cast<int>(get_num));
+        rc = users->esv_zel_user_get_local_user_list(handle, get_num, user_info);
+        if (rc != 0) {
+            emwOSWOrgFreeMemPart(0, block);
+            users->esv_zel_user_get_local_user_list_finish(handle);
+            CMT_TRACE(kTraceError, "failed. ret(%d)", static_cast<int>(rc));
+            return kFailure;
+        }
+
+        bool built = false;
+        {
+            jni::LocalFrame frame(env, 16);
+            if (frame.ok()) {
+                FieldText<sizeof user_info->login_name> login_name(user_info->login_name);
+                FieldText<sizeof user_info->user_name> user_name(user_info->user_name);
+                FieldText<sizeof user_info->email> email(user_info->email);
+                zel_fnd_user_info builder;
+                jobject user = jni::failed(env) ? nullptr : builder.create_user_info();
+                if (user != nullptr && !jni::failed(env)) {
+                    builder.set_field_login_name(user, login_name.text);
+                    if (!jni::failed(env)) builder.set_field_user_name(user, user_name.text);
+                    if (!jni::failed(env)) builder.set_field_mail_address(user, email.text);
+                    if (!jni::failed(env)) builder.set_field_access_level(user, user_info->rights);
+                    if (!jni::failed(env)) {
+                        env->CallBooleanMethod(list, add, user);
+                        built = !jni::failed(env);
+                    }
+                } else {
+                    jni::failed(env);
+                }
+            }
+        }
+        if (!built) {
+            emwOSWOrgFreeMemPart(0, block);
+            users->esv_zel_user_get_local_user_list_finish(handle);
+            CMT_TRACE(kTraceError, "failed. user object not added.");
+            return kFailure;
+        }
+        total_get_num += get_num;
+    }
+
+    emwOSWOrgFreeMemPart(0, block);
+    rc = users->esv_zel_user_get_local_user_list_finish(handle);
+    if (rc != 0) CMT_TRACE(kTraceFlow, "failed. result(%d)", static_cast<int>(rc));
+    return kSuccess;
+}
+
+}  // namespace tarnwick
