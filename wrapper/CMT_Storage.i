@@ -61,10 +61,11 @@ using namespace tarnwick;
   jarray = $input;
   $1 = 0;
 }
-// The size is the next argument (arg2) of both operations.
+// The size is the next argument (arg2, from jarg2) of both operations; any negative Java size
+// is refused, not only those whose low 32 bits are large.
 %typemap(check) signed char *buffer, const signed char *buffer {
   length$argnum = jenv->GetArrayLength(jarray$argnum);
-  if ((unsigned long long)arg2 > (unsigned long long)length$argnum) return (jint)-1;
+  if (jarg2 < 0 || (unsigned long long)arg2 > (unsigned long long)length$argnum) return (jint)-1;
   temp$argnum.reset(new (std::nothrow) signed char[length$argnum > 0 ? length$argnum : 1]);
   if (!temp$argnum) {
     SWIG_JavaThrowException(jenv, SWIG_JavaOutOfMemoryError, "array memory allocation failed");
