@@ -2,6 +2,10 @@
 // folder (absolute paths, ".." above the root and symbolic links that lead out are refused);
 // handles are small numbers never used twice; sizes, positions and times are 32-bit values;
 // attribute bits live in a side table and read-only is enforced.
+//
+// Large-file interfaces on 32-bit hosts too: a 32-bit readdir fails on folders whose entry
+// offsets do not fit (ext4 hashes under qemu-ppc).
+#define _FILE_OFFSET_BITS 64
 #include <dirent.h>
 #include <fcntl.h>
 #include <limits.h>
@@ -603,11 +607,16 @@ int dvu_dio_opendir(int drive, int access, const char* path, unsigned long* dir)
     if (d == nullptr) return from_errno(errno);
     OpenDir od;
     od.drive = drive;
-    while (struct dirent* e = ::readdir(d)) {
+    for (;;) {
+        errno = 0;
+        struct dirent* e = ::readdir(d);
+        if (e == nullptr) break;
         if (std::strcmp(e->d_name, ".") == 0 || std::strcmp(e->d_name, "..") == 0) continue;
         od.entries.emplace_back(e->d_name, static_cast<std::uint32_t>(e->d_ino));
     }
+    int read_errno = errno;
     ::closedir(d);
+    if (read_errno != 0) return from_errno(read_errno);
     std::sort(od.entries.begin(), od.entries.end());
     unsigned long h = tovr_sim::dio::new_handle(s);
     s.dirs[h] = std::move(od);
