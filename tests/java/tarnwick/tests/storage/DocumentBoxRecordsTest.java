@@ -38,9 +38,9 @@ class DocumentBoxRecordsTest {
 
     /** kinds: s<N> (char[N]), i32, u32, u16, i8, u8, rec:<TYPE>. */
     static void check(String record, String... fields) {
-        for (String spec : fields) {
-            String name = spec.substring(0, spec.indexOf(':'));
-            String kind = spec.substring(spec.indexOf(':') + 1);
+        for (String field : fields) {
+            String name = field.substring(0, field.indexOf(':'));
+            String kind = field.substring(field.indexOf(':') + 1);
             long h = (Long) call("new_" + record);
             assertNotEquals(0L, h);
             String set = record + "_" + name + "_set";
