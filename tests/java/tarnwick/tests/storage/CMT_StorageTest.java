@@ -64,6 +64,30 @@ class CMT_StorageTest {
     }
 
     @Test
+    void drivesDefaultToTheEnvironmentOrTheBuildTree() {
+        SimStorage.reset();
+        try {
+            String[] vars = {"TOVR_SIM_USB0", "TOVR_SIM_USB1", "TOVR_SIM_HDD"};
+            String[] names = {"usb0", "usb1", "hdd"};
+            for (int d = 0; d < 3; d++) {
+                String env = System.getenv(vars[d]);
+                if (env != null && !env.isEmpty()) {
+                    assertEquals(env, SimStorage.folder(d));
+                } else {
+                    assertTrue(SimStorage.folder(d).endsWith("/sim-storage/" + names[d]), SimStorage.folder(d));
+                }
+            }
+            assertTrue(SimStorage.mounted(2));
+            assertFalse(SimStorage.mounted(0));
+            assertFalse(SimStorage.mounted(1));
+        } finally {
+            SimStorage.setFolder(0, f.usb0.toString());
+            SimStorage.setFolder(1, f.usb1.toString());
+            SimStorage.setFolder(2, f.hdd.toString());
+        }
+    }
+
+    @Test
     void initAndSync() {
         assertEquals(0, CMT_StorageIO_init());
         SimDevice.forceResult("dvu_dio_api_init", 5, 1);
