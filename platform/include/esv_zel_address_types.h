@@ -1,93 +1,107 @@
-// Records of the common facade's address book: one personal address is the six destination
-// records in this order in memory, 2120 bytes in all.
-//
-// Text members are NUL-terminated; their sizes are the facade's ESV_ZEL_MAX_* sizes and the
-// reserved bytes after some of them are the device's padding. The type members are 32-bit
-// values of the platform's enumerations.
+// Records of the common facade's personal and group addresses. A personal address is 2120
+// bytes: name, FTP, SMB, fax, Internet-fax and e-mail parts in this order. Text members are
+// NUL-terminated; enumerated values are 32-bit. The gaps after some text members are the
+// device's padding (no member: the box module exposes every member to Java).
 #ifndef ESV_ZEL_ADDRESS_TYPES_H
 #define ESV_ZEL_ADDRESS_TYPES_H
 
-#include <cstdint>
+#include <stdint.h>
 
-#include "esv_zel_layout.h"
 #include "esv_zel_max_sizes.h"
 
 struct ESV_ZEL_NAME_INFO {
-    char name[ESV_ZEL_MAX_ADDRESS_NAME_SIZE];
-    char furigana[ESV_ZEL_MAX_ADDRESS_KANA_SIZE];  // pronunciation
+    char name[ESV_ZEL_MAX_ADDRESS_NAME_SIZE];          // 0
+    char furigana[ESV_ZEL_MAX_ADDRESS_KANA_SIZE];      // 193: pronunciation
 };
 
 struct ESV_ZEL_FTP_INFO {
-    char ftp_host[ESV_ZEL_MAX_FTP_HOST_SIZE];
-    char ftp_path[ESV_ZEL_MAX_FTP_PATH_SIZE];
-    std::uint16_t ftp_port;
-    char ftp_login[ESV_ZEL_MAX_FTP_LOGIN_NAME_SIZE];
-    char ftp_pw[ESV_ZEL_MAX_FTP_LOGIN_PW_SIZE];
+    char ftp_host[ESV_ZEL_MAX_FTP_HOST_SIZE];          // 0
+    char ftp_path[ESV_ZEL_MAX_FTP_PATH_SIZE];          // 65
+    uint16_t ftp_port;                            // 194
+    char ftp_login[ESV_ZEL_MAX_FTP_LOGIN_NAME_SIZE];   // 196
+    char ftp_pw[ESV_ZEL_MAX_FTP_LOGIN_PW_SIZE];        // 261
 };
 
 struct ESV_ZEL_SMB_INFO {
-    char smb_host[ESV_ZEL_MAX_SMB_HOST_SIZE];
-    char smb_path[ESV_ZEL_MAX_SMB_PATH_SIZE];
-    std::uint16_t smb_port;
-    char smb_login[ESV_ZEL_MAX_SMB_LOGIN_NAME_SIZE];
-    char smb_pw[ESV_ZEL_MAX_SMB_LOGIN_PW_SIZE];
-    char reserved_smb[2];
+    char smb_host[ESV_ZEL_MAX_SMB_HOST_SIZE];          // 0
+    char smb_path[ESV_ZEL_MAX_SMB_PATH_SIZE];          // 65
+    uint16_t smb_port;                            // 194
+    char smb_login[ESV_ZEL_MAX_SMB_LOGIN_NAME_SIZE];   // 196
+    char smb_pw[ESV_ZEL_MAX_SMB_LOGIN_PW_SIZE];        // 325
 };
 
 struct ESV_ZEL_FAX_INFO {
-    char fax_no[ESV_ZEL_MAX_FAX_SIZE];
-    char reserved_fax_no[3];
-    std::int32_t communication_speed;  // bit rate type
-    signed char ecm;
-    char fax_code[ESV_ZEL_MAX_FAX_COOD_SIZE];        // sub-address
-    char fax_code_pw[ESV_ZEL_MAX_FAX_COOD_PW_SIZE];  // its password
-    signed char cipher_send_set;  // encode
-    signed char cipher_send_no;   // encode ID
-    signed char cipher_box_set;   // encode box
-    signed char cipher_box_no;    // encode box number
-    char name[ESV_ZEL_MAX_SEND_SHEET_NAME_SIZE];
-    char company_name[ESV_ZEL_MAX_SEND_SHEET_CNP_SIZE];
-    char post_name[ESV_ZEL_MAX_SEND_SHEET_POST_SIZE];  // department
-    char reserved_post_name[2];
-    std::int32_t title;  // honorific title type
+    char fax_no[ESV_ZEL_MAX_FAX_SIZE];                 // 0
+    int32_t communication_speed;                  // 36: bit rate type
+    signed char ecm;                                   // 40
+    char fax_code[ESV_ZEL_MAX_FAX_COOD_SIZE];          // 41: sub-address
+    char fax_code_pw[ESV_ZEL_MAX_FAX_COOD_PW_SIZE];    // 62: its password
+    signed char cipher_send_set;                       // 83: encode
+    signed char cipher_send_no;                        // 84: encode ID
+    signed char cipher_box_set;                        // 85: encode box
+    signed char cipher_box_no;                         // 86: encode box number
+    char name[ESV_ZEL_MAX_SEND_SHEET_NAME_SIZE];       // 87
+    char company_name[ESV_ZEL_MAX_SEND_SHEET_CNP_SIZE];  // 280
+    char post_name[ESV_ZEL_MAX_SEND_SHEET_POST_SIZE];  // 473: department
+    int32_t title;                                // 668: honorific title type
 };
 
 struct ESV_ZEL_IFAX_INFO {
-    char i_fax_address[ESV_ZEL_MAX_I_FAX_SIZE];
-    char reserved_i_fax_address[3];
-    std::int32_t mode;
-    std::int32_t send_size;
-    std::int32_t resolution;
-    std::int32_t file_type;
+    char i_fax_address[ESV_ZEL_MAX_I_FAX_SIZE];        // 0
+    int32_t mode;                                 // 132
+    int32_t send_size;                            // 136
+    int32_t resolution;                           // 140
+    int32_t file_type;                            // 144
 };
 
 struct ESV_ZEL_EMAIL_INFO {
-    char mail_address[ESV_ZEL_MAX_E_MAIL_SIZE];
-    char reserved_mail_address[3];
+    char mail_address[ESV_ZEL_MAX_E_MAIL_SIZE];        // 0
 };
 
 struct ESV_ZEL_PERSONAL_ADDRESS {
-    ESV_ZEL_NAME_INFO name_info;
-    ESV_ZEL_FTP_INFO ftp_info;
-    ESV_ZEL_SMB_INFO smb_info;
-    ESV_ZEL_FAX_INFO fax_info;
-    ESV_ZEL_IFAX_INFO ifax_info;
-    ESV_ZEL_EMAIL_INFO email_info;
+    ESV_ZEL_NAME_INFO name_info;    // 0
+    ESV_ZEL_FTP_INFO ftp_info;      // 386
+    ESV_ZEL_SMB_INFO smb_info;      // 712
+    ESV_ZEL_FAX_INFO fax_info;      // 1168
+    ESV_ZEL_IFAX_INFO ifax_info;    // 1840
+    ESV_ZEL_EMAIL_INFO email_info;  // 1988
 };
 
+struct ESV_ZEL_GROUP_ADDRESS {
+    uint32_t group_id;         // 0
+    ESV_ZEL_NAME_INFO name_info;    // 4
+};
+
+#ifndef SWIG
+#include "esv_zel_layout.h"
+
 ESV_ZEL_SIZE(ESV_ZEL_NAME_INFO, 386);
+ESV_ZEL_LAYOUT(ESV_ZEL_FTP_INFO, ftp_port, 194);
+ESV_ZEL_LAYOUT(ESV_ZEL_FTP_INFO, ftp_login, 196);
+ESV_ZEL_LAYOUT(ESV_ZEL_FTP_INFO, ftp_pw, 261);
 ESV_ZEL_SIZE(ESV_ZEL_FTP_INFO, 326);
-ESV_ZEL_SIZE(ESV_ZEL_SMB_INFO, 456);
+ESV_ZEL_LAYOUT(ESV_ZEL_SMB_INFO, smb_port, 194);
+ESV_ZEL_LAYOUT(ESV_ZEL_SMB_INFO, smb_pw, 325);
+ESV_ZEL_SIZE(ESV_ZEL_SMB_INFO, 454);
+ESV_ZEL_LAYOUT(ESV_ZEL_FAX_INFO, communication_speed, 36);
+ESV_ZEL_LAYOUT(ESV_ZEL_FAX_INFO, ecm, 40);
+ESV_ZEL_LAYOUT(ESV_ZEL_FAX_INFO, fax_code, 41);
+ESV_ZEL_LAYOUT(ESV_ZEL_FAX_INFO, cipher_send_set, 83);
+ESV_ZEL_LAYOUT(ESV_ZEL_FAX_INFO, cipher_box_no, 86);
+ESV_ZEL_LAYOUT(ESV_ZEL_FAX_INFO, name, 87);
+ESV_ZEL_LAYOUT(ESV_ZEL_FAX_INFO, company_name, 280);
+ESV_ZEL_LAYOUT(ESV_ZEL_FAX_INFO, post_name, 473);
+ESV_ZEL_LAYOUT(ESV_ZEL_FAX_INFO, title, 668);
 ESV_ZEL_SIZE(ESV_ZEL_FAX_INFO, 672);
+ESV_ZEL_LAYOUT(ESV_ZEL_IFAX_INFO, mode, 132);
+ESV_ZEL_LAYOUT(ESV_ZEL_IFAX_INFO, file_type, 144);
 ESV_ZEL_SIZE(ESV_ZEL_IFAX_INFO, 148);
-ESV_ZEL_SIZE(ESV_ZEL_EMAIL_INFO, 132);
-ESV_ZEL_SIZE(ESV_ZEL_PERSONAL_ADDRESS, 2120);
-ESV_ZEL_LAYOUT(ESV_ZEL_PERSONAL_ADDRESS, name_info, 0);
 ESV_ZEL_LAYOUT(ESV_ZEL_PERSONAL_ADDRESS, ftp_info, 386);
 ESV_ZEL_LAYOUT(ESV_ZEL_PERSONAL_ADDRESS, smb_info, 712);
 ESV_ZEL_LAYOUT(ESV_ZEL_PERSONAL_ADDRESS, fax_info, 1168);
 ESV_ZEL_LAYOUT(ESV_ZEL_PERSONAL_ADDRESS, ifax_info, 1840);
 ESV_ZEL_LAYOUT(ESV_ZEL_PERSONAL_ADDRESS, email_info, 1988);
+ESV_ZEL_SIZE(ESV_ZEL_PERSONAL_ADDRESS, 2120);
 // Offsets inside the whole record, as the device lays them out.
 ESV_ZEL_LAYOUT(ESV_ZEL_PERSONAL_ADDRESS, name_info.furigana, 193);
 ESV_ZEL_LAYOUT(ESV_ZEL_PERSONAL_ADDRESS, ftp_info.ftp_host, 386);
@@ -119,5 +133,8 @@ ESV_ZEL_LAYOUT(ESV_ZEL_PERSONAL_ADDRESS, ifax_info.send_size, 1976);
 ESV_ZEL_LAYOUT(ESV_ZEL_PERSONAL_ADDRESS, ifax_info.resolution, 1980);
 ESV_ZEL_LAYOUT(ESV_ZEL_PERSONAL_ADDRESS, ifax_info.file_type, 1984);
 ESV_ZEL_LAYOUT(ESV_ZEL_PERSONAL_ADDRESS, email_info.mail_address, 1988);
+ESV_ZEL_LAYOUT(ESV_ZEL_GROUP_ADDRESS, name_info, 4);
+ESV_ZEL_SIZE(ESV_ZEL_GROUP_ADDRESS, 392);
+#endif
 
 #endif

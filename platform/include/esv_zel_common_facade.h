@@ -3,6 +3,7 @@
 #define ESV_ZEL_COMMON_FACADE_H
 
 #include "esv_zel_address_types.h"
+#include "esv_zel_box_types.h"
 
 // Enumerations of the common notifications. Their values belong to the platform; the library
 // passes them on unchanged, so every one is int wide and any int value may arrive.
@@ -96,6 +97,15 @@ public:
     unsigned long esv_zel_request_save_mode_prohibition(int flag);
     unsigned long esv_zel_request_energy_saving_mode(ESV_ZEL_STS_SLEEP state);
     unsigned long esv_zel_check_eweb_cert_info(const char* path);
+
+    // Easy document box: deletion of a document, and listings of a folder one entry per fetch
+    // (prepare / fetch / finish; finish after every successful prepare).
+    unsigned long esv_zel_delete_easy_document(const char* path);
+    unsigned long esv_zel_get_easy_box_info_prepare(const char* path, unsigned int per_fetch,
+                                                    unsigned int& handle, unsigned int& total_num);
+    unsigned long esv_zel_get_easy_box_info(unsigned int handle, unsigned int& get_num,
+                                            ESV_ZEL_EASY_BOX_INFO* buffer);
+    unsigned long esv_zel_get_easy_box_info_finish(unsigned int handle);
 
 private:
     esv_zel_common_facade() {}

@@ -122,11 +122,12 @@ TEST(AddressRecord, UnterminatedTextsStopAtTheirWidth) {
     ESV_ZEL_PERSONAL_ADDRESS a{};
     std::memset(a.name_info.name, 'n', sizeof a.name_info.name);
     std::memset(a.name_info.furigana, 'f', sizeof a.name_info.furigana);
-    std::memset(a.smb_info.smb_pw, 'p', sizeof a.smb_info.smb_pw + sizeof a.smb_info.reserved_smb);
+    char* const base = reinterpret_cast<char*>(&a);  // the widths run into the padding after a field
+    std::memset(base + offsetof(ESV_ZEL_PERSONAL_ADDRESS, smb_info.smb_pw), 'p', kCmtSmbPasswordWidth);
     std::memset(a.fax_info.fax_code, '7', sizeof a.fax_info.fax_code);
     tovr_sim::set_text(a.fax_info.fax_code_pw, "SECRET");
-    std::memset(a.fax_info.post_name, 'd', sizeof a.fax_info.post_name + sizeof a.fax_info.reserved_post_name);
-    std::memset(a.email_info.mail_address, 'm', sizeof a.email_info);
+    std::memset(base + offsetof(ESV_ZEL_PERSONAL_ADDRESS, fax_info.post_name), 'd', kCmtDepartmentWidth);
+    std::memset(base + offsetof(ESV_ZEL_PERSONAL_ADDRESS, email_info.mail_address), 'm', kCmtMailAddressWidth);
     cmt_address_record_fields f = read(a);
     EXPECT_EQ(std::string(193, 'n'), f.name);
     EXPECT_EQ(std::string(193, 'f'), f.pronunciation);

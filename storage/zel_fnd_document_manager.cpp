@@ -1,0 +1,168 @@
+#include "zel_fnd_document_manager.h"
+
+#include <cstring>
+#include <memory>
+
+#include "CJvm.h"
+#include "cmt_trace.h"
+#include "emw_osw_mem.h"
+#include "esv_zel_common_facade.h"
+#include "osw_thread_guard.h"
+#include "tovr_jni.h"
+#include "zel_fnd_removable_memory_file.h"
+#include "zel_fnd_removable_memory_file_info.h"
+
+#define CMT_TRACE_MODULE "zel_fnd_document_manager"
+
+namespace tarnwick {
+
+std::atomic<zel_fnd_document_manager*> zel_fnd_document_manager::instance{nullptr};
+
+namespace {
+
+esv_zel_common_facade* facade() { return esv_zel_common_facade::esv_zel_common_get_instance(); }
+
+// A text field of the record, bounded by its size whether or not the facade terminated it.
+std::string field_text(const char* field, std::size_t size) {
+    const void* end = std::memchr(field, 0, size);
+    return std::string(field, end ? static_cast<std::size_t>(static_cast<const char*>(end) - field) : size);
+}
+
+// Local references of one entry: strings, calendar, date, info and file objects.
+constexpr jint kEntryFrame = 16;
+
+}  // namespace
+
+zel_fnd_document_manager::zel_fnd_document_manager() {}
+
+zel_fnd_document_manager::~zel_fnd_document_manager() {}
+
+zel_fnd_document_manager* zel_fnd_document_manager::zel_fnd_get_instance() {
+    zel_fnd_document_manager* p = instance.load(std::memory_order_acquire);
+    if (p == nullptr) {
+        OSW_Thread_Guard guard;
+        p = instance.load(std::memory_order_relaxed);
+        if (p == nullptr) {
+            p = new zel_fnd_document_manager;
+            instance.store(p, std::memory_order_release);
+        }
+    }
+    return p;
+}
+
+int zel_fnd_document_manager::zel_fnd_delete_document(const std::string& path) {
+    CMT_TRACE(kTraceFlow, "[Enter]. path=(%s)", path.c_str());
+    unsigned long rc = facade()->esv_zel_delete_easy_document(path.c_str());
+    if (rc == 0) return 0;
+    if (static_cast<std::uint32_t>(rc) == ESV_ZEL_COMMON_PATH_ERROR) {
+        CMT_TRACE(kTraceError, "result(%d)=ESV_ZEL_COMMON_PATH_ERROR", static_cast<int>(rc));
+        return 8;
+    }
+    CMT_TRACE(kTraceError, "result(%d)=UNKNOWN", static_cast<int>(rc));
+    return 1;
+}
+
+int zel_fnd_document_manager::zel_fnd_get_easy_box_list(const std::string& path, jobject list) {
+    CMT_TRACE(kTraceFlow, "[Enter] path = [%s]", path.c_str());
+    JNIEnv* env = CJvm::GetJNIEnv();
+    if (env == nullptr) {
+        CMT_TRACE(kTraceError, "GetJNIEnv() failed.");
+        return 1;
+    }
+    unsigned int handle = 0;
+    unsigned int total_num = 0;
+    unsigned long rc = facade()->esv_zel_get_easy_box_info_prepare(path.c_str(), 1, handle, total_num);
+    if (rc != 0) {
+        CMT_TRACE(kTraceError, "result(%d)", static_cast<int>(rc));
+        return 1;
+    }
+    auto finish = [&] { return facade()->esv_zel_get_easy_box_info_finish(handle); };
+    if (total_num == 0) {
+        finish();
+        CMT_TRACE(kTraceFlow, "total_num == 0.");
+        return 0;
+    }
+
+    jni::LocalRef<jclass> array_list(env, env->FindClass("java/util/ArrayList"));
+    jmethodID add = array_list ? env->GetMethodID(array_list.get(), "add", "(Ljava/lang/Object;)Z") : nullptr;
+    if (add == nullptr) {
+        jni::failed(env);
+        finish();
+        CMT_TRACE(kTraceError, "java/util/ArrayList.add not found.");
+        return 1;
+    }
+    if (list == nullptr || !env->IsInstanceOf(list, array_list.get())) {
+        finish();
+        CMT_TRACE(kTraceError, "list is not a java.util.ArrayList.");
+        return 1;
+    }
+
+    auto* easy_box_info = static_cast<ESV_ZEL_EASY_BOX_INFO*>(emwOSWSubAllocMem(sizeof(ESV_ZEL_EASY_BOX_INFO)));
+    if (easy_box_info == nullptr) {
+        emwOSWOrgFreeMemPart(0, easy_box_info);
+        finish();
+        CMT_TRACE(kTraceError, "easy_box_info == NULL.");
+        return 1;
+    }
+    auto fail = [&] {
+        emwOSWOrgFreeMemPart(0, easy_box_info);
+        finish();
+        return 1;
+    };
+
+    zel_fnd_removable_memory_file_info info_builder;
+    zel_fnd_removable_memory_file file_builder;
+    for (unsigned int count = 0; count < total_num; ++count) {
+        unsigned int get_num = 0;
+        rc = facade()->esv_zel_get_easy_box_info(handle, get_num, easy_box_info);
+        if (rc != 0) {
+            emwOSWOrgFreeMemPart(0, easy_box_info);
+            finish();
+            CMT_TRACE(kTraceError, "result(%d)", static_cast<int>(rc));
+            return 1;
+        }
+        if (get_num == 0) {
+            CMT_TRACE(kTraceFlow, "get_num = %d", get_num);
+            continue;
+        }
+        std::string name = field_text(easy_box_info->name, sizeof easy_box_info->name);
+        std::string entry_path = field_text(easy_box_info->path, sizeof easy_box_info->path);
+        long size = static_cast<long>(easy_box_info->size);
+        long date = static_cast<long>(easy_box_info->date);
+        int type = static_cast<int>(easy_box_info->type);
+        CMT_TRACE(kTraceFlow, "count=(%d), total_num=(%d), get_num=(%d)", count, total_num, get_num);
+        CMT_TRACE(kTraceFlow, "name=(%s)", name.c_str());
+        CMT_TRACE(kTraceFlow, "size=(%ld)", size);
+        CMT_TRACE(kTraceFlow, "date=(%ld)", date);
+        CMT_TRACE(kTraceFlow, "path=(%s)", entry_path.c_str());
+        CMT_TRACE(kTraceFlow, "type=(%d)", type);
+        CMT_TRACE(kTraceFlow, "-------------------------------------------");
+
+        jni::LocalFrame frame(env, kEntryFrame);
+        if (!frame.ok()) return fail();
+        jobject info = info_builder.create_removable_memory_file_info();
+        if (jni::pending(env) || info == nullptr) return fail();
+        info_builder.set_field_name(info, &name[0]);
+        if (jni::pending(env)) return fail();
+        info_builder.set_field_data_size(info, easy_box_info->size);
+        if (jni::pending(env)) return fail();
+        info_builder.set_field_date(info, date);
+        if (jni::pending(env)) return fail();
+        info_builder.set_field_path(info, &entry_path[0]);
+        if (jni::pending(env)) return fail();
+        jobject file = file_builder.create_removable_memory_file();
+        if (jni::pending(env) || file == nullptr) return fail();
+        file_builder.set_field_info(file, info);
+        if (jni::pending(env)) return fail();
+        file_builder.set_field_isfile(file, type != ESV_ZEL_EASY_BOX_TYPE_FOLDER);
+        if (jni::pending(env)) return fail();
+        env->CallBooleanMethod(list, add, file);
+        if (jni::pending(env)) return fail();
+    }
+    emwOSWOrgFreeMemPart(0, easy_box_info);
+    rc = finish();
+    if (rc != 0) CMT_TRACE(kTraceError, "result(%d)", static_cast<int>(rc));
+    return 0;
+}
+
+}  // namespace tarnwick

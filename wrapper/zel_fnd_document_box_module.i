@@ -1,0 +1,48 @@
+// package tarnwick.zel.wrapper.box
+// The easy document box: the document manager, the builders of removable-memory file records,
+// the box and address records and the facade's size constants.
+%module zel_fnd_document_box_module
+
+%include "tovr_conventions.i"
+%include <stdint.i>
+%include "enumtypeunsafe.swg"
+%include "esv_zel_max_sizes.i"
+
+%{
+#include "cmt_storage_names.h"
+#include "esv_zel_address_types.h"
+#include "ZEL_FND_BOX_DETAIL_INFO.h"
+#include "zel_fnd_document_manager.h"
+#include "zel_fnd_removable_memory_file.h"
+#include "zel_fnd_removable_memory_file_info.h"
+using namespace tarnwick;
+%}
+
+// No native exception leaves a wrapper function: a failed allocation inside an operation is the
+// table's OutOfMemoryError, anything else a RuntimeException with the exception's text.
+%exception {
+  try {
+    $action
+  } catch (const std::bad_alloc&) {
+    SWIG_JavaThrowException(jenv, SWIG_JavaOutOfMemoryError, "native memory allocation failed");
+    return $null;
+  } catch (const std::exception& e) {
+    SWIG_JavaThrowException(jenv, SWIG_JavaRuntimeException, e.what());
+    return $null;
+  }
+}
+
+// Text members read back bounded by their size; bytes that are not modified UTF-8 (a setter
+// cut inside a character) are converted rather than handed to NewStringUTF as they stand.
+%typemap(out) char [ANY] %{
+  if ($1) {
+    std::string text = tarnwick::cmt_storage_java_text($1, $1_dim0);
+    $result = jenv->NewStringUTF(text.c_str());
+  }
+%}
+
+%include "esv_zel_address_types.h"
+%include "ZEL_FND_BOX_DETAIL_INFO.h"
+%include "zel_fnd_removable_memory_file_info.h"
+%include "zel_fnd_removable_memory_file.h"
+%include "zel_fnd_document_manager.h"
