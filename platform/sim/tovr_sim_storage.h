@@ -25,7 +25,7 @@ constexpr int kHardDisk = 2;
 constexpr const char* kDriveFolderVariables[kDriveCount] = {"TOVR_SIM_USB0", "TOVR_SIM_USB1", "TOVR_SIM_HDD"};
 
 // Resource kinds counted by the disk I/O library.
-constexpr const char* kFileHandle = "file handle";
+// kFileHandle ("file handle") comes from tovr_sim.h.
 constexpr const char* kDirectoryHandle = "directory handle";
 
 // Status of the USB memory notification raised on plug and unplug:

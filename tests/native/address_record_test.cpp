@@ -123,11 +123,11 @@ TEST(AddressRecord, UnterminatedTextsStopAtTheirWidth) {
     std::memset(a.name_info.name, 'n', sizeof a.name_info.name);
     std::memset(a.name_info.furigana, 'f', sizeof a.name_info.furigana);
     char* const base = reinterpret_cast<char*>(&a);  // the widths run into the padding after a field
-    std::memset(base + offsetof(ESV_ZEL_PERSONAL_ADDRESS, smb_info.smb_pw), 'p', kCmtSmbPasswordWidth);
+    std::memset(base + offsetof(ESV_ZEL_PERSONAL_ADDRESS, smb_info.smb_pw), 'p', tarnwick::kCmtSmbPasswordWidth);
     std::memset(a.fax_info.fax_code, '7', sizeof a.fax_info.fax_code);
     tovr_sim::set_text(a.fax_info.fax_code_pw, "SECRET");
-    std::memset(base + offsetof(ESV_ZEL_PERSONAL_ADDRESS, fax_info.post_name), 'd', kCmtDepartmentWidth);
-    std::memset(base + offsetof(ESV_ZEL_PERSONAL_ADDRESS, email_info.mail_address), 'm', kCmtMailAddressWidth);
+    std::memset(base + offsetof(ESV_ZEL_PERSONAL_ADDRESS, fax_info.post_name), 'd', tarnwick::kCmtDepartmentWidth);
+    std::memset(base + offsetof(ESV_ZEL_PERSONAL_ADDRESS, email_info.mail_address), 'm', tarnwick::kCmtMailAddressWidth);
     cmt_address_record_fields f = read(a);
     EXPECT_EQ(std::string(193, 'n'), f.name);
     EXPECT_EQ(std::string(193, 'f'), f.pronunciation);
