@@ -7,17 +7,13 @@
 #include <vector>
 
 #include "tovr_sim_address.h"
+#include "sim_jni.h"
 
 namespace {
 
-std::string to_string(JNIEnv* env, jstring s) {
-    if (s == nullptr) return std::string();
-    const char* chars = env->GetStringUTFChars(s, nullptr);
-    if (chars == nullptr) return std::string();
-    std::string out(chars);
-    env->ReleaseStringUTFChars(s, chars);
-    return out;
-}
+using tovr_sim_jni::strings;
+using tovr_sim_jni::text;
+
 
 bool to_record(JNIEnv* env, jbyteArray bytes, ESV_ZEL_PERSONAL_ADDRESS& out) {
     if (bytes == nullptr || env->GetArrayLength(bytes) != static_cast<jsize>(sizeof out)) return false;
@@ -66,7 +62,7 @@ JNIEXPORT void JNICALL Java_tarnwick_sim_SimAddressBook_generate(JNIEnv*, jclass
 
 JNIEXPORT jint JNICALL Java_tarnwick_sim_SimAddressBook_load(JNIEnv* env, jclass, jstring path) {
     std::string error;
-    int n = tovr_sim::load_address_book(to_string(env, path), &error);
+    int n = tovr_sim::load_address_book(text(env, path), &error);
     std::lock_guard<std::mutex> lock(g_error_mutex);
     g_load_error = n < 0 ? error : std::string();
     return n;

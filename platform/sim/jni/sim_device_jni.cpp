@@ -6,12 +6,14 @@
 #include <vector>
 
 #include "tovr_jni.h"
+#include "sim_jni.h"
 #include "tovr_sim.h"
 
 namespace {
 
 using tarnwick::jni::LocalRef;
 using tarnwick::jni::UtfChars;
+using tovr_sim_jni::strings;
 
 // Text of a Java string ("" for null); false with the VM's exception pending when its
 // characters cannot be had.
@@ -22,20 +24,6 @@ bool text_of(JNIEnv* env, jstring s, std::string* out) {
     if (!chars) return false;
     *out = chars.c_str();
     return true;
-}
-
-jobjectArray to_java(JNIEnv* env, const std::vector<std::string>& items) {
-    LocalRef<jclass> string_class(env, env->FindClass("java/lang/String"));
-    if (!string_class) return nullptr;
-    LocalRef<jobjectArray> out(env, env->NewObjectArray(static_cast<jsize>(items.size()), string_class.get(), nullptr));
-    if (!out) return nullptr;
-    for (std::size_t i = 0; i < items.size(); ++i) {
-        LocalRef<jstring> s(env, env->NewStringUTF(items[i].c_str()));
-        if (!s) return nullptr;
-        env->SetObjectArrayElement(out.get(), static_cast<jsize>(i), s.get());
-        if (env->ExceptionCheck()) return nullptr;
-    }
-    return out.release();
 }
 
 std::string join(const std::vector<std::string>& args) {
@@ -65,13 +53,13 @@ JNIEXPORT jobjectArray JNICALL Java_tarnwick_sim_SimDevice_calls(JNIEnv* env, jc
     if (!text_of(env, op, &name)) return nullptr;
     std::vector<std::string> out;
     for (const tovr_sim::Call& c : tovr_sim::calls(name)) out.push_back(join(c.args));
-    return to_java(env, out);
+    return strings(env, out);
 }
 
 JNIEXPORT jobjectArray JNICALL Java_tarnwick_sim_SimDevice_allCalls(JNIEnv* env, jclass) {
     std::vector<std::string> out;
     for (const tovr_sim::Call& c : tovr_sim::calls()) out.push_back(c.op + "(" + join(c.args) + ")");
-    return to_java(env, out);
+    return strings(env, out);
 }
 
 JNIEXPORT jint JNICALL Java_tarnwick_sim_SimDevice_openResources(JNIEnv* env, jclass, jstring kind) {
@@ -89,7 +77,7 @@ JNIEXPORT jobjectArray JNICALL Java_tarnwick_sim_SimDevice_traceLines(JNIEnv* en
     for (const tovr_sim::TraceLine& l : tovr_sim::trace_lines()) {
         out.push_back(std::to_string(l.level) + " " + l.text);
     }
-    return to_java(env, out);
+    return strings(env, out);
 }
 
 JNIEXPORT void JNICALL Java_tarnwick_sim_SimDevice_clearTrace(JNIEnv*, jclass) {
@@ -102,7 +90,7 @@ JNIEXPORT jobjectArray JNICALL Java_tarnwick_sim_SimDevice_processRegistrations(
         out.push_back(std::to_string(r.argument_count) + ":" +
                       (r.arguments.empty() ? std::string() : r.arguments[0]));
     }
-    return to_java(env, out);
+    return strings(env, out);
 }
 
 JNIEXPORT void JNICALL Java_tarnwick_sim_SimDevice_setTimeZone(JNIEnv* env, jclass, jstring tz) {

@@ -10,8 +10,12 @@
 #include "tovr_sim.h"
 #include "tovr_sim_events.h"
 #include "tovr_sim_job.h"
+#include "sim_jni.h"
 
 namespace {
+
+using tovr_sim_jni::strings;
+using tovr_sim_jni::text;
 
 jlongArray answers(JNIEnv* env, const tovr_sim::Answers& a) {
     jlongArray out = env->NewLongArray(static_cast<jsize>(a.size()));
@@ -23,14 +27,6 @@ jlongArray answers(JNIEnv* env, const tovr_sim::Answers& a) {
     return out;
 }
 
-std::string text(JNIEnv* env, jstring s) {
-    if (s == nullptr) return std::string();
-    const char* chars = env->GetStringUTFChars(s, nullptr);
-    if (chars == nullptr) return std::string();
-    std::string out(chars);
-    env->ReleaseStringUTFChars(s, chars);
-    return out;
-}
 
 // ----- attach failures -----
 //

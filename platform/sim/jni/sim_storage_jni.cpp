@@ -5,17 +5,13 @@
 #include <vector>
 
 #include "tovr_sim_storage.h"
+#include "sim_jni.h"
 
 namespace {
 
-std::string text(JNIEnv* env, jstring s) {
-    if (s == nullptr) return std::string();
-    const char* chars = env->GetStringUTFChars(s, nullptr);
-    if (chars == nullptr) return std::string();
-    std::string out(chars);
-    env->ReleaseStringUTFChars(s, chars);
-    return out;
-}
+using tovr_sim_jni::strings;
+using tovr_sim_jni::text;
+
 
 std::string bytes(JNIEnv* env, jbyteArray a) {
     if (a == nullptr) return std::string();
@@ -111,19 +107,7 @@ JNIEXPORT jboolean JNICALL Java_tarnwick_sim_SimStorage_boxExists(JNIEnv* env, j
 }
 
 JNIEXPORT jobjectArray JNICALL Java_tarnwick_sim_SimStorage_boxNames(JNIEnv* env, jclass, jstring folder) {
-    std::vector<std::string> names = tovr_sim::box_names(text(env, folder));
-    jclass string_class = env->FindClass("java/lang/String");
-    if (string_class == nullptr) return nullptr;
-    jobjectArray out = env->NewObjectArray(static_cast<jsize>(names.size()), string_class, nullptr);
-    env->DeleteLocalRef(string_class);
-    if (out == nullptr) return nullptr;
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        jstring s = env->NewStringUTF(names[i].c_str());
-        if (s == nullptr) return nullptr;
-        env->SetObjectArrayElement(out, static_cast<jsize>(i), s);
-        env->DeleteLocalRef(s);
-    }
-    return out;
+    return strings(env, tovr_sim::box_names(text(env, folder)));
 }
 
 JNIEXPORT void JNICALL Java_tarnwick_sim_SimStorage_boxSetListingLimit(JNIEnv*, jclass, jint n) {

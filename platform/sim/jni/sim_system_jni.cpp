@@ -7,32 +7,14 @@
 
 #include "tovr_sim.h"
 #include "tovr_sim_device.h"
+#include "sim_jni.h"
 
 namespace {
 
-std::string to_string(JNIEnv* env, jstring s) {
-    if (s == nullptr) return std::string();
-    const char* chars = env->GetStringUTFChars(s, nullptr);
-    if (chars == nullptr) return std::string();
-    std::string out(chars);
-    env->ReleaseStringUTFChars(s, chars);
-    return out;
-}
+using tovr_sim_jni::strings;
+using tovr_sim_jni::text;
 
-jobjectArray to_java(JNIEnv* env, const std::vector<std::string>& items) {
-    jclass string_class = env->FindClass("java/lang/String");
-    if (string_class == nullptr) return nullptr;
-    jobjectArray out = env->NewObjectArray(static_cast<jsize>(items.size()), string_class, nullptr);
-    env->DeleteLocalRef(string_class);
-    if (out == nullptr) return nullptr;
-    for (std::size_t i = 0; i < items.size(); ++i) {
-        jstring s = env->NewStringUTF(items[i].c_str());
-        if (s == nullptr) return nullptr;
-        env->SetObjectArrayElement(out, static_cast<jsize>(i), s);
-        env->DeleteLocalRef(s);
-    }
-    return out;
-}
+
 
 std::vector<std::string> felica_fields(const ESV_ZEL_ACC_FELICA_SETTING_INFO& f) {
     return {f.system_code, f.service_code_1, f.service_code_2, std::to_string(f.blk_num_1), std::to_string(f.blk_num_2)};
@@ -42,7 +24,7 @@ std::vector<std::string> felica_fields(const ESV_ZEL_ACC_FELICA_SETTING_INFO& f)
 template <typename T>
 void force_output(JNIEnv* env, jstring op, jint index, T value, jlong result, jint times) {
     tovr_sim::force(
-        to_string(env, op),
+        text(env, op),
         [index, value, result](const tovr_sim::Params& params) -> long {
             if (index >= 0 && static_cast<std::size_t>(index) < params.size() && params[index] != nullptr) {
                 *static_cast<T*>(params[index]) = value;
@@ -102,7 +84,7 @@ JNIEXPORT void JNICALL Java_tarnwick_sim_SimSystem_setMachineInfo(JNIEnv*, jclas
 }
 
 JNIEXPORT void JNICALL Java_tarnwick_sim_SimSystem_setMachineText(JNIEnv* env, jclass, jint key, jlong cid, jstring value) {
-    tovr_sim::sysinfo_set_machine_text(key, static_cast<std::uint32_t>(cid), to_string(env, value));
+    tovr_sim::sysinfo_set_machine_text(key, static_cast<std::uint32_t>(cid), text(env, value));
 }
 
 JNIEXPORT jlong JNICALL Java_tarnwick_sim_SimSystem_machineInfo(JNIEnv*, jclass, jint key, jlong cid) {
@@ -115,7 +97,7 @@ JNIEXPORT void JNICALL Java_tarnwick_sim_SimSystem_setValue(JNIEnv*, jclass, jin
 }
 
 JNIEXPORT void JNICALL Java_tarnwick_sim_SimSystem_setText(JNIEnv* env, jclass, jint key, jstring value) {
-    tovr_sim::sysinfo_set_text(key, to_string(env, value));
+    tovr_sim::sysinfo_set_text(key, text(env, value));
 }
 
 JNIEXPORT jlong JNICALL Java_tarnwick_sim_SimSystem_value(JNIEnv*, jclass, jint key) {
@@ -153,7 +135,7 @@ JNIEXPORT jlong JNICALL Java_tarnwick_sim_SimSystem_wakeupDate(JNIEnv*, jclass, 
 }
 
 JNIEXPORT void JNICALL Java_tarnwick_sim_SimSystem_setCertAnswer(JNIEnv* env, jclass, jstring path, jlong answer) {
-    tovr_sim::cert_set_answer(to_string(env, path), static_cast<unsigned long>(answer));
+    tovr_sim::cert_set_answer(text(env, path), static_cast<unsigned long>(answer));
 }
 
 JNIEXPORT jint JNICALL Java_tarnwick_sim_SimSystem_resetTimer(JNIEnv*, jclass, jlong context) {
@@ -161,7 +143,7 @@ JNIEXPORT jint JNICALL Java_tarnwick_sim_SimSystem_resetTimer(JNIEnv*, jclass, j
 }
 
 JNIEXPORT void JNICALL Java_tarnwick_sim_SimSystem_setPanelIdentity(JNIEnv* env, jclass, jstring name, jlong id) {
-    tovr_sim::panel_set_identity(to_string(env, name), static_cast<unsigned int>(id));
+    tovr_sim::panel_set_identity(text(env, name), static_cast<unsigned int>(id));
 }
 
 JNIEXPORT jlong JNICALL Java_tarnwick_sim_SimSystem_currentPanelId(JNIEnv*, jclass) {
@@ -189,7 +171,7 @@ JNIEXPORT jint JNICALL Java_tarnwick_sim_SimSystem_felicaReadType(JNIEnv*, jclas
 
 JNIEXPORT void JNICALL Java_tarnwick_sim_SimSystem_setFelica(JNIEnv* env, jclass, jint site, jstring sys, jstring s1,
                                                             jstring s2, jint b1, jint b2) {
-    ESV_ZEL_ACC_FELICA_SETTING_INFO info{to_string(env, sys), to_string(env, s1), to_string(env, s2),
+    ESV_ZEL_ACC_FELICA_SETTING_INFO info{text(env, sys), text(env, s1), text(env, s2),
                                          static_cast<unsigned char>(b1), static_cast<unsigned char>(b2)};
     tovr_sim::acc_set_felica(site, info);
 }
@@ -197,7 +179,7 @@ JNIEXPORT void JNICALL Java_tarnwick_sim_SimSystem_setFelica(JNIEnv* env, jclass
 JNIEXPORT jobjectArray JNICALL Java_tarnwick_sim_SimSystem_felica(JNIEnv* env, jclass, jint site) {
     ESV_ZEL_ACC_FELICA_SETTING_INFO info{};
     if (!tovr_sim::acc_felica(site, &info)) return nullptr;
-    return to_java(env, felica_fields(info));
+    return strings(env, felica_fields(info));
 }
 
 JNIEXPORT jobjectArray JNICALL Java_tarnwick_sim_SimSystem_lastFelicaSent(JNIEnv* env, jclass) {
@@ -205,7 +187,7 @@ JNIEXPORT jobjectArray JNICALL Java_tarnwick_sim_SimSystem_lastFelicaSent(JNIEnv
     if (sent.site < 0) return nullptr;
     std::vector<std::string> out = felica_fields(sent.info);
     out.insert(out.begin(), std::to_string(sent.site));
-    return to_java(env, out);
+    return strings(env, out);
 }
 
 JNIEXPORT jstring JNICALL Java_tarnwick_sim_SimSystem_webServiceHolder(JNIEnv* env, jclass, jint kind) {
@@ -213,7 +195,7 @@ JNIEXPORT jstring JNICALL Java_tarnwick_sim_SimSystem_webServiceHolder(JNIEnv* e
 }
 
 JNIEXPORT void JNICALL Java_tarnwick_sim_SimSystem_setWebServiceHolder(JNIEnv* env, jclass, jint kind, jstring name) {
-    tovr_sim::webservice_set_holder(kind, to_string(env, name));
+    tovr_sim::webservice_set_holder(kind, text(env, name));
 }
 
 JNIEXPORT void JNICALL Java_tarnwick_sim_SimSystem_forceUint(JNIEnv* env, jclass, jstring op, jint index, jlong value,
@@ -228,7 +210,7 @@ JNIEXPORT void JNICALL Java_tarnwick_sim_SimSystem_forceUlong(JNIEnv* env, jclas
 
 JNIEXPORT void JNICALL Java_tarnwick_sim_SimSystem_forceString(JNIEnv* env, jclass, jstring op, jint index, jstring value,
                                                               jlong result, jint times) {
-    force_output<std::string>(env, op, index, to_string(env, value), result, times);
+    force_output<std::string>(env, op, index, text(env, value), result, times);
 }
 
 JNIEXPORT void JNICALL Java_tarnwick_sim_SimSystem_forcePaperInfo(JNIEnv* env, jclass, jstring op, jint index, jint remain,
@@ -254,7 +236,7 @@ JNIEXPORT void JNICALL Java_tarnwick_sim_SimSystem_forceDeviceInfo(JNIEnv* env, 
 JNIEXPORT void JNICALL Java_tarnwick_sim_SimSystem_forceFelica(JNIEnv* env, jclass, jstring op, jint index, jstring sys,
                                                               jstring s1, jstring s2, jint b1, jint b2, jlong result,
                                                               jint times) {
-    ESV_ZEL_ACC_FELICA_SETTING_INFO info{to_string(env, sys), to_string(env, s1), to_string(env, s2),
+    ESV_ZEL_ACC_FELICA_SETTING_INFO info{text(env, sys), text(env, s1), text(env, s2),
                                          static_cast<unsigned char>(b1), static_cast<unsigned char>(b2)};
     force_output<ESV_ZEL_ACC_FELICA_SETTING_INFO>(env, op, index, info, result, times);
 }

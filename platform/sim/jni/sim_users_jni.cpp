@@ -6,17 +6,13 @@
 #include <vector>
 
 #include "tovr_sim_user.h"
+#include "sim_jni.h"
 
 namespace {
 
-std::string text(JNIEnv* env, jstring s) {
-    if (s == nullptr) return std::string();
-    const char* c = env->GetStringUTFChars(s, nullptr);
-    if (c == nullptr) return std::string();
-    std::string out(c);
-    env->ReleaseStringUTFChars(s, c);
-    return out;
-}
+using tovr_sim_jni::strings;
+using tovr_sim_jni::text;
+
 
 template <std::size_t N>
 void put(char (&field)[N], const std::string& t) {
@@ -30,20 +26,6 @@ std::string get(const char (&field)[N]) {
     return std::string(field, strnlen(field, N));
 }
 
-jobjectArray strings(JNIEnv* env, const std::vector<std::string>& v) {
-    jclass string_class = env->FindClass("java/lang/String");
-    if (string_class == nullptr) return nullptr;
-    jobjectArray out = env->NewObjectArray(static_cast<jsize>(v.size()), string_class, nullptr);
-    env->DeleteLocalRef(string_class);
-    if (out == nullptr) return nullptr;
-    for (std::size_t i = 0; i < v.size(); ++i) {
-        jstring s = env->NewStringUTF(v[i].c_str());
-        if (s == nullptr) return nullptr;
-        env->SetObjectArrayElement(out, static_cast<jsize>(i), s);
-        env->DeleteLocalRef(s);
-    }
-    return out;
-}
 
 jintArray ints(JNIEnv* env, const std::int32_t* v, std::size_t n) {
     jintArray out = env->NewIntArray(static_cast<jsize>(n));
