@@ -11,7 +11,6 @@
 
 namespace {
 
-using tarnwick::jni::LocalRef;
 using tarnwick::jni::UtfChars;
 using tovr_sim_jni::strings;
 
