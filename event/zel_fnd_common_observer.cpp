@@ -50,9 +50,10 @@ int zel_fnd_common_observer::init() {
     jsize count = 0;
     jint rc = JNI_GetCreatedJavaVMs(&vm_, 1, &count);
     if (rc != JNI_OK) return rc;
-    if (!thread_attach()) return 0;
-    if (zel_fnd_find_global_class(jnienv_, kCommonProxy, &jcls_common_proxy_) &&
-        zel_fnd_find_global_class(jnienv_, kSynchronousProxy, &jcls_synchronous_proxy_)) {
+    JNIEnv* const env = thread_attach();
+    if (env == nullptr) return 0;
+    if (zel_fnd_find_global_class(env, kCommonProxy, &jcls_common_proxy_) &&
+        zel_fnd_find_global_class(env, kSynchronousProxy, &jcls_synchronous_proxy_)) {
         const zel_fnd_static_method methods[] = {
             {&jcls_common_proxy_, "fireLogoutEvent", "()V", &mid_logout_},
             {&jcls_common_proxy_, "fireCommunicationErrorEvent", "()V", &mid_communication_error_},
@@ -70,12 +71,21 @@ int zel_fnd_common_observer::init() {
             {&jcls_synchronous_proxy_, "firePrepareActivationEvent", "(IJ)Z", &mid_prepare_activation_},
             {&jcls_synchronous_proxy_, "fireResidentAppsStateChanged", "(I)V", &mid_resident_apps_},
         };
-        zel_fnd_lookup_static_methods(jnienv_, methods);
+        zel_fnd_lookup_static_methods(env, methods);
     }
     return thread_detach();
 }
 
-bool zel_fnd_common_observer::thread_attach() { return zel_fnd_thread_attach(vm_, &jnienv_); }
+// Attaches the delivering thread. The environment lands in a local first and is then stored in
+// the member, which every notification overwrites; the notification itself works only with the
+// value returned here, since a notification of the same observer on another facade thread may
+// overwrite the member at any moment.
+JNIEnv* zel_fnd_common_observer::thread_attach() {
+    JNIEnv* env = nullptr;
+    const bool attached = zel_fnd_thread_attach(vm_, &env);
+    jnienv_ = env;
+    return attached ? env : nullptr;
+}
 
 int zel_fnd_common_observer::thread_detach() { return zel_fnd_thread_detach(vm_); }
 
@@ -84,14 +94,15 @@ int zel_fnd_common_observer::thread_detach() { return zel_fnd_thread_detach(vm_)
 template <typename... Args>
 unsigned long zel_fnd_common_observer::forward(const char* operation, const int* status, jclass cls,
                                                jmethodID method, Args... args) {
-    if (!thread_attach()) return kAttachFailure;
+    JNIEnv* const env = thread_attach();
+    if (env == nullptr) return kAttachFailure;
     if (status != nullptr) {
         CMT_TRACE_OP(kTraceFlow, operation, "[Start]. status = [%d]", *status);
     } else {
         CMT_TRACE_OP(kTraceFlow, operation, "[Start]");
     }
-    jnienv_->CallStaticVoidMethod(cls, method, args...);
-    zel_fnd_exception_left_pending(jnienv_);
+    env->CallStaticVoidMethod(cls, method, args...);
+    zel_fnd_exception_left_pending(env);
     CMT_TRACE_OP(kTraceFlow, operation, "[End]");
     thread_detach();
     return 0;
@@ -176,13 +187,14 @@ unsigned long zel_fnd_common_observer::service_state_changed(ESV_ZEL_ACCEPTANCE_
 }
 
 unsigned long zel_fnd_common_observer::request_activate(ESV_ZEL_KIND_OF_SCENARIO scenario, unsigned int value) {
-    if (!thread_attach()) return kAttachFailure;
+    JNIEnv* const env = thread_attach();
+    if (env == nullptr) return kAttachFailure;
     CMT_TRACE(kTraceFlow, "[Start]");
     const unsigned int kind = static_cast<unsigned int>(scenario);
     if (kind <= 13 && ((0x2AAAu >> kind) & 1u) != 0) {
-        jnienv_->CallStaticVoidMethod(jcls_common_proxy_, mid_completed_activation_, static_cast<jint>(scenario),
+        env->CallStaticVoidMethod(jcls_common_proxy_, mid_completed_activation_, static_cast<jint>(scenario),
                                       static_cast<jlong>(value));
-        zel_fnd_exception_left_pending(jnienv_);
+        zel_fnd_exception_left_pending(env);
         CMT_TRACE(kTraceFlow, "[FIN] end. success.");
         thread_detach();
         return 0;
@@ -190,9 +202,9 @@ unsigned long zel_fnd_common_observer::request_activate(ESV_ZEL_KIND_OF_SCENARIO
     if (kind <= 13 && ((0x1555u >> kind) & 1u) != 0) {
         // The method ID comes from SynchronousEventProxy while the class passed is CommonProxy;
         // CommonProxy extends SynchronousEventProxy on the Java side, so the pair is valid.
-        jboolean ready = jnienv_->CallStaticBooleanMethod(jcls_common_proxy_, mid_prepare_activation_,
+        jboolean ready = env->CallStaticBooleanMethod(jcls_common_proxy_, mid_prepare_activation_,
                                                           static_cast<jint>(scenario), static_cast<jlong>(value));
-        zel_fnd_exception_left_pending(jnienv_);
+        zel_fnd_exception_left_pending(env);
         if (ready) {
             CMT_TRACE(kTraceFlow, "success.");
             thread_detach();

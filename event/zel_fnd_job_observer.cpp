@@ -46,10 +46,11 @@ int zel_fnd_job_observer::init() {
     jint rc = JNI_GetCreatedJavaVMs(&vm_, 1, &count);
     if (rc != JNI_OK) return rc;
     // A failed attach is reported as success; the observer is registered all the same.
-    if (!thread_attach()) return 0;
-    if (zel_fnd_find_global_class(jnienv_, kJobProxy, &jcls_job_proxy_) &&
-        zel_fnd_find_global_class(jnienv_, kJob, &jcls_job_) &&
-        zel_fnd_find_global_class(jnienv_, kJobState, &jcls_job_state_)) {
+    JNIEnv* const env = thread_attach();
+    if (env == nullptr) return 0;
+    if (zel_fnd_find_global_class(env, kJobProxy, &jcls_job_proxy_) &&
+        zel_fnd_find_global_class(env, kJob, &jcls_job_) &&
+        zel_fnd_find_global_class(env, kJobState, &jcls_job_state_)) {
         const zel_fnd_static_method methods[] = {
             {&jcls_job_proxy_, "fireJobStateChangedEvent", "(Ltarnwick/zel/controller/event/job/Job;)V", &mid_job_state_changed_},
             {&jcls_job_proxy_, "fireScanCountEvent", "(JJ)V", &mid_scan_count_},
@@ -57,25 +58,35 @@ int zel_fnd_job_observer::init() {
             {&jcls_job_proxy_, "fireCombConstraintEvent", "(J)V", &mid_comb_constraint_},
             {&jcls_job_proxy_, "firePanelMessageUpdateEvent", "(J)V", &mid_panel_message_update_},
         };
-        zel_fnd_lookup_static_methods(jnienv_, methods);
+        zel_fnd_lookup_static_methods(env, methods);
     }
     return thread_detach();
 }
 
-bool zel_fnd_job_observer::thread_attach() { return zel_fnd_thread_attach(vm_, &jnienv_); }
+// Attaches the delivering thread. The environment lands in a local first and is then stored in
+// the member, which every notification overwrites; the notification itself works only with the
+// value returned here, since a notification of the same observer on another facade thread may
+// overwrite the member at any moment.
+JNIEnv* zel_fnd_job_observer::thread_attach() {
+    JNIEnv* env = nullptr;
+    const bool attached = zel_fnd_thread_attach(vm_, &env);
+    jnienv_ = env;
+    return attached ? env : nullptr;
+}
 
 int zel_fnd_job_observer::thread_detach() { return zel_fnd_thread_detach(vm_); }
 
 long zel_fnd_job_observer::fire_simple(const char* operation, jmethodID method, jlong first, jlong second,
                                        int count) {
-    if (!thread_attach()) return kFailure;
+    JNIEnv* const env = thread_attach();
+    if (env == nullptr) return kFailure;
     CMT_TRACE_OP(kTraceFlow, operation, "[Start]");
     if (count == 2) {
-        jnienv_->CallStaticVoidMethod(jcls_job_proxy_, method, first, second);
+        env->CallStaticVoidMethod(jcls_job_proxy_, method, first, second);
     } else {
-        jnienv_->CallStaticVoidMethod(jcls_job_proxy_, method, first);
+        env->CallStaticVoidMethod(jcls_job_proxy_, method, first);
     }
-    if (zel_fnd_drop_exception(jnienv_)) {  // the listener failed: the event was not handled
+    if (zel_fnd_drop_exception(env)) {  // the listener failed: the event was not handled
         thread_detach();
         return kFailure;
     }
@@ -107,25 +118,26 @@ long zel_fnd_job_observer::notify_message_info(unsigned int, ESV_ZEL_PHB_GET_MES
 
 // A failed Java step: the trace names it at the error level, the exception (if any) is
 // described and cleared, and the thread detaches. Local references made so far go with it.
-#define JOB_FAIL(...)                              \
-    do {                                           \
-        zel_fnd_drop_exception(jnienv_);           \
-        CMT_TRACE(kTraceError, __VA_ARGS__);       \
-        thread_detach();                           \
-        return kFailure;                           \
+#define JOB_FAIL(...)                        \
+    do {                                     \
+        zel_fnd_drop_exception(env);         \
+        CMT_TRACE(kTraceError, __VA_ARGS__); \
+        thread_detach();                     \
+        return kFailure;                     \
     } while (0)
 
 // An exception thrown by a Java setter or the fire method: no trace of its own.
-#define JOB_CHECK_CALL()                           \
-    do {                                           \
-        if (zel_fnd_drop_exception(jnienv_)) {     \
-            thread_detach();                       \
-            return kFailure;                       \
-        }                                          \
+#define JOB_CHECK_CALL()                   \
+    do {                                   \
+        if (zel_fnd_drop_exception(env)) { \
+            thread_detach();               \
+            return kFailure;               \
+        }                                  \
     } while (0)
 
 long zel_fnd_job_observer::notify_job_state_changed(ESV_ZEL_JOB_STATE state) {
-    if (!thread_attach()) return kFailure;
+    JNIEnv* const env = thread_attach();
+    if (env == nullptr) return kFailure;
     CMT_TRACE(kTraceFlow, "[Start]");
 
     const char* name = nullptr;
@@ -164,60 +176,60 @@ long zel_fnd_job_observer::notify_job_state_changed(ESV_ZEL_JOB_STATE state) {
         return 0;
     }
 
-    jfieldID field = jnienv_->GetStaticFieldID(jcls_job_state_, name, kJobStateSignature);
-    jobject jobstate = field != nullptr ? jnienv_->GetStaticObjectField(jcls_job_state_, field) : nullptr;
+    jfieldID field = env->GetStaticFieldID(jcls_job_state_, name, kJobStateSignature);
+    jobject jobstate = field != nullptr ? env->GetStaticObjectField(jcls_job_state_, field) : nullptr;
     if (jobstate == nullptr) JOB_FAIL("[End]. jnienv_->GetStaticObjectField(jcls_job_state_, field) jobstate = NULL");
 
-    jmethodID mid = jnienv_->GetMethodID(jcls_job_, "<init>", "()V");
+    jmethodID mid = env->GetMethodID(jcls_job_, "<init>", "()V");
     if (mid == 0) JOB_FAIL("jnienv_->GetMethodID(jcls_job_, <init>, ()V) mid = 0");
-    jobject job = jnienv_->NewObject(jcls_job_, mid);
+    jobject job = env->NewObject(jcls_job_, mid);
     if (job == nullptr) JOB_FAIL("jnienv_->NewObject(jcls_job_, mid) obj = NULL");
 
-    mid = jnienv_->GetMethodID(jcls_job_, "setJobid", "(I)V");
+    mid = env->GetMethodID(jcls_job_, "setJobid", "(I)V");
     if (mid == 0) JOB_FAIL("jnienv_->GetMethodID(jcls_job_, setJobid, (I)V) mid = 0");
-    jnienv_->CallVoidMethod(job, mid, static_cast<jint>(state.user_job_id));
+    env->CallVoidMethod(job, mid, static_cast<jint>(state.user_job_id));
     JOB_CHECK_CALL();
 
-    mid = jnienv_->GetMethodID(jcls_job_, "setState", "(Ltarnwick/zel/controller/event/job/JobState;)V");
+    mid = env->GetMethodID(jcls_job_, "setState", "(Ltarnwick/zel/controller/event/job/JobState;)V");
     if (mid == 0) {
         JOB_FAIL("jnienv_->GetMethodID(jcls_job_, setState, (Ltarnwick/zel/controller/event/job/JobState;)V) mid = 0");
     }
-    jnienv_->CallVoidMethod(job, mid, jobstate);
+    env->CallVoidMethod(job, mid, jobstate);
     JOB_CHECK_CALL();
 
-    mid = jnienv_->GetMethodID(jcls_job_, "setJobMode", "(I)V");
+    mid = env->GetMethodID(jcls_job_, "setJobMode", "(I)V");
     if (mid == 0) JOB_FAIL(" jnienv_->GetMethodID(jcls_job_, setJobMode, (I)V) mid = 0");
-    jnienv_->CallVoidMethod(job, mid, static_cast<jint>(state.job_mode));
+    env->CallVoidMethod(job, mid, static_cast<jint>(state.job_mode));
     JOB_CHECK_CALL();
 
-    mid = jnienv_->GetMethodID(jcls_job_, "setUserName", "(Ljava/lang/String;)V");
+    mid = env->GetMethodID(jcls_job_, "setUserName", "(Ljava/lang/String;)V");
     if (mid == 0) JOB_FAIL("jnienv_->GetMethodID(jcls_job_, setUserName, (Ljava/lang/String;)V) mid = 0");
     // The facade's text field need not be terminated: read it within its bounds.
     char user_name[sizeof state.user_name + 1];
     std::memcpy(user_name, state.user_name, sizeof state.user_name);
     user_name[sizeof state.user_name] = '\0';
-    jstring juser_name = jnienv_->NewStringUTF(user_name);
+    jstring juser_name = env->NewStringUTF(user_name);
     if (juser_name == nullptr) JOB_FAIL("jnienv_->NewStringUTF(state.user_name) obj = NULL");
-    jnienv_->CallVoidMethod(job, mid, juser_name);
+    env->CallVoidMethod(job, mid, juser_name);
     JOB_CHECK_CALL();
 
-    mid = jnienv_->GetMethodID(jcls_job_, "setIndev", "(I)V");
+    mid = env->GetMethodID(jcls_job_, "setIndev", "(I)V");
     if (mid == 0) JOB_FAIL("jnienv_->GetMethodID(jcls_job_, setIndev, (I)V) mid = 0");
-    jnienv_->CallVoidMethod(job, mid, static_cast<jint>(state.in_dev));
+    env->CallVoidMethod(job, mid, static_cast<jint>(state.in_dev));
     JOB_CHECK_CALL();
 
-    mid = jnienv_->GetMethodID(jcls_job_, "setOutdev", "(I)V");
+    mid = env->GetMethodID(jcls_job_, "setOutdev", "(I)V");
     if (mid == 0) JOB_FAIL("jnienv_->GetMethodID(jcls_job_, setOutdev, (I)V) mid = 0");
-    jnienv_->CallVoidMethod(job, mid, static_cast<jint>(state.out_dev));
+    env->CallVoidMethod(job, mid, static_cast<jint>(state.out_dev));
     JOB_CHECK_CALL();
 
-    jnienv_->CallStaticVoidMethod(jcls_job_proxy_, mid_job_state_changed_, job);
+    env->CallStaticVoidMethod(jcls_job_proxy_, mid_job_state_changed_, job);
     JOB_CHECK_CALL();
     CMT_TRACE(kTraceFlow, "[End]");
 
-    jnienv_->DeleteLocalRef(jobstate);
-    jnienv_->DeleteLocalRef(job);
-    jnienv_->DeleteLocalRef(juser_name);
+    env->DeleteLocalRef(jobstate);
+    env->DeleteLocalRef(job);
+    env->DeleteLocalRef(juser_name);
     thread_detach();
     return 0;
 }

@@ -18,7 +18,9 @@ public:
     virtual ~zel_fnd_jobinfo_observer();
 
     int init();
-    bool thread_attach();
+    // The delivering thread's environment (null when it cannot be attached); also kept in
+    // the environment member.
+    JNIEnv* thread_attach();
     int thread_detach();
 
     long notify_job_update_log(const ESV_ZEL_EVENT_JOB_UPDATE_LOG& log) override;
@@ -33,13 +35,13 @@ private:
 
     // Looks a setter up on `cls` and calls it on `obj`; false when the lookup fails or the
     // setter throws (the exception is described and cleared).
-    bool call_setter(jobject obj, jclass cls, const char* name, const char* signature, jvalue value);
-    bool set_long(jobject obj, jclass cls, const char* name, jlong value);
-    bool set_int(jobject obj, jclass cls, const char* name, jint value);
+    bool call_setter(JNIEnv* env, jobject obj, jclass cls, const char* name, const char* signature, jvalue value);
+    bool set_long(JNIEnv* env, jobject obj, jclass cls, const char* name, jlong value);
+    bool set_int(JNIEnv* env, jobject obj, jclass cls, const char* name, jint value);
     // Fires `object` through `method`, deletes it and detaches; the notification's answer.
-    long fire(jmethodID method, jobject object, const char* operation);
+    long fire(JNIEnv* env, jmethodID method, jobject object, const char* operation);
     // Detaches after a failed step; the failure answer.
-    long fail();
+    long fail(JNIEnv* env);
 
     JavaVM* vm_;
     JNIEnv* jnienv_;

@@ -23,18 +23,28 @@ int zel_fnd_panel_observer::init() {
     jsize count = 0;
     jint rc = JNI_GetCreatedJavaVMs(&vm_, 1, &count);
     if (rc != JNI_OK) return rc;
-    if (!thread_attach()) return 0;
-    if (zel_fnd_find_global_class(jnienv_, "tarnwick/zel/controller/event/proxy/PanelProxy", &jcls_panel_proxy_)) {
-        mid_appl_start_ = jnienv_->GetStaticMethodID(jcls_panel_proxy_, "fireApplStartEvent", "(J)V");
+    JNIEnv* const env = thread_attach();
+    if (env == nullptr) return 0;
+    if (zel_fnd_find_global_class(env, "tarnwick/zel/controller/event/proxy/PanelProxy", &jcls_panel_proxy_)) {
+        mid_appl_start_ = env->GetStaticMethodID(jcls_panel_proxy_, "fireApplStartEvent", "(J)V");
         if (mid_appl_start_ != nullptr) {
-            mid_auto_reset_ = jnienv_->GetStaticMethodID(jcls_panel_proxy_, "fireAutoResetEvent", "()V");
+            mid_auto_reset_ = env->GetStaticMethodID(jcls_panel_proxy_, "fireAutoResetEvent", "()V");
         }
-        zel_fnd_drop_exception(jnienv_);
+        zel_fnd_drop_exception(env);
     }
     return thread_detach();
 }
 
-bool zel_fnd_panel_observer::thread_attach() { return zel_fnd_thread_attach(vm_, &jnienv_); }
+// Attaches the delivering thread. The environment lands in a local first and is then stored in
+// the member, which every notification overwrites; the notification itself works only with the
+// value returned here, since a notification of the same observer on another facade thread may
+// overwrite the member at any moment.
+JNIEnv* zel_fnd_panel_observer::thread_attach() {
+    JNIEnv* env = nullptr;
+    const bool attached = zel_fnd_thread_attach(vm_, &env);
+    jnienv_ = env;
+    return attached ? env : nullptr;
+}
 
 int zel_fnd_panel_observer::thread_detach() { return zel_fnd_thread_detach(vm_); }
 
@@ -42,21 +52,23 @@ int zel_fnd_panel_observer::thread_detach() { return zel_fnd_thread_detach(vm_);
 // thread detaches right after, and no further JNI call is made.
 
 unsigned long zel_fnd_panel_observer::notify_key_event(unsigned int id, ESV_ZEL_PANEL_KEY_EVENT event) {
-    if (!thread_attach()) return kAttachFailure;
+    JNIEnv* const env = thread_attach();
+    if (env == nullptr) return kAttachFailure;
     CMT_TRACE(kTraceFlow, "[Start]");
     // Only the application id reaches Java; the kind of key event does not.
-    jnienv_->CallStaticVoidMethod(jcls_panel_proxy_, mid_appl_start_, static_cast<jlong>(id));
-    zel_fnd_exception_left_pending(jnienv_);
+    env->CallStaticVoidMethod(jcls_panel_proxy_, mid_appl_start_, static_cast<jlong>(id));
+    zel_fnd_exception_left_pending(env);
     CMT_TRACE(kTraceFlow, "[End]");
     thread_detach();
     return 0;
 }
 
 unsigned long zel_fnd_panel_observer::notify_auto_panel_reset() {
-    if (!thread_attach()) return kAttachFailure;
+    JNIEnv* const env = thread_attach();
+    if (env == nullptr) return kAttachFailure;
     CMT_TRACE(kTraceFlow, "[Start]");
-    jnienv_->CallStaticVoidMethod(jcls_panel_proxy_, mid_auto_reset_);
-    zel_fnd_exception_left_pending(jnienv_);
+    env->CallStaticVoidMethod(jcls_panel_proxy_, mid_auto_reset_);
+    zel_fnd_exception_left_pending(env);
     CMT_TRACE(kTraceFlow, "[End]");
     thread_detach();
     return 0;
