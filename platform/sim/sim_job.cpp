@@ -476,6 +476,8 @@ Answers raise_message_info(unsigned int current_id, const ESV_ZEL_PHB_GET_MESSAG
 
 Answers job_raise(JobNotification fn) { return deliver(std::move(fn)); }
 
+Answers job_deliver_here(JobNotification fn) { return job_observers().deliver(fn); }
+
 std::future<Answers> job_post(JobNotification fn) {
     auto promise = std::make_shared<std::promise<Answers>>();
     std::future<Answers> answers = promise->get_future();

@@ -103,6 +103,8 @@ Answers raise_scan_page_info(const ESV_ZEL_EVENT_SCAN_PAGE& page) {
 
 Answers jobinfo_raise(JobinfoNotification fn) { return deliver(std::move(fn)); }
 
+Answers jobinfo_deliver_here(JobinfoNotification fn) { return jobsim::jobinfo_observers().deliver(fn); }
+
 std::future<Answers> jobinfo_post(JobinfoNotification fn) {
     auto promise = std::make_shared<std::promise<Answers>>();
     std::future<Answers> answers = promise->get_future();
