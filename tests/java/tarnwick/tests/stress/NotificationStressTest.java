@@ -232,6 +232,7 @@ class NotificationStressTest {
         SimJobs.reset();
         removeListeners();
         listen();
+        assertEquals(0, cmt_commonJNI.cmt_init_init());
         ModuleRecords records = new ModuleRecords();
         assertTrue(records.recordCount() > 0, "no module records found");
         long manager = ZELFNDEventJNI.new_zel_fnd_event_manager();
