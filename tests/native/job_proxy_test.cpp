@@ -317,7 +317,7 @@ jbyteArray JNICALL fake_new_byte_array(JNIEnv*, jsize len) {
 }
 void JNICALL fake_set_region(JNIEnv*, jbyteArray a, jsize start, jsize len, const jbyte* buf) {
     auto& v = g_arrays.arrays.at(reinterpret_cast<std::uintptr_t>(a) - 1);
-    std::memcpy(v.data() + start, buf, static_cast<std::size_t>(len));
+    if (len > 0) std::memcpy(v.data() + start, buf, static_cast<std::size_t>(len));
 }
 jthrowable JNICALL fake_exception_occurred(JNIEnv*) {
     return g_arrays.pending ? reinterpret_cast<jthrowable>(1) : nullptr;
@@ -351,7 +351,7 @@ protected:
     static void answer_with(std::vector<unsigned char> bytes, long rc = 0) {
         tovr_sim::force("esv_zel_job_get_scan_data", [bytes, rc](const tovr_sim::Params& p) {
             auto* d = static_cast<ESV_ZEL_JOB_GET_SCAN_DATA*>(p[1]);
-            std::memcpy(d->scan_data, bytes.data(), bytes.size());
+            if (!bytes.empty()) std::memcpy(d->scan_data, bytes.data(), bytes.size());
             d->data_size = static_cast<uint32_t>(bytes.size());
             return rc;
         });
