@@ -43,7 +43,7 @@ run_suite host "$out/host" -DTOVR_BUILD_TESTS=ON -DTOVR_BUILD_BENCH=ON -DTOVR_BU
 ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
   run_suite asan "$out/asan" -DTOVR_SANITIZE=address -DTOVR_BUILD_BENCH=OFF -DTOVR_BUILD_FUZZ=OFF
 # The native tests under ThreadSanitizer (notifications from several facade threads at once);
-# the suppressions name only the races the design requires.
+# the suppressions name only the races the library has on purpose.
 TSAN_OPTIONS="suppressions=$root/tests/sanitizer/tsan.supp:second_deadlock_stack=1" \
   run_suite tsan "$out/tsan" -DTOVR_SANITIZE=thread -DTOVR_BUILD_JAVA=OFF -DTOVR_BUILD_BENCH=OFF -DTOVR_BUILD_FUZZ=OFF
 run_suite ppc "$out/ppc" -DCMAKE_TOOLCHAIN_FILE="$root/cmake/toolchain-powerpc-linux-gnu.cmake"
