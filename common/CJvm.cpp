@@ -21,13 +21,17 @@ JavaVM* CJvm::GetJVM() {
 
 JNIEnv* CJvm::GetJNIEnv() {
     if (ms_jvm == nullptr) return nullptr;
-    jint rc = ms_jvm->GetEnv(reinterpret_cast<void**>(&ms_jnienv), kJniVersion);
+    // The VM fills a local; the shared variable is written from it, but the value handed back
+    // is this thread's own: another thread's call may overwrite ms_jnienv at any moment.
+    JNIEnv* env = nullptr;
+    jint rc = ms_jvm->GetEnv(reinterpret_cast<void**>(&env), kJniVersion);
+    ms_jnienv = env;
     if (rc == JNI_EVERSION) {
         printf("JNI VERSION ERROR\n");
     } else if (rc != JNI_OK) {
         printf("failed to Get JNIEnv\n");
     }
-    return ms_jnienv;
+    return env;
 }
 
 int CJvm::DetachThread() {

@@ -253,6 +253,17 @@ inline bool attach_thread(JavaVM* vm, JNIEnv** env) {
     return vm->AttachCurrentThread(reinterpret_cast<void**>(env), nullptr) == JNI_OK;
 }
 
+// Attaches the calling thread and answers its environment (null when that fails). The
+// environment lands in a local first and is then stored in *member, the one environment member
+// the observer keeps; a notification of the same observer on another facade thread may overwrite
+// that member at any moment, so a notification works only with the value answered here.
+inline JNIEnv* attach_thread_env(JavaVM* vm, JNIEnv** member) {
+    JNIEnv* env = nullptr;
+    if (!attach_thread(vm, &env)) return nullptr;
+    *member = env;
+    return env;
+}
+
 inline jint detach_thread(JavaVM* vm) {
     if (vm == nullptr) return JNI_ERR;
     return vm->DetachCurrentThread();
@@ -308,16 +319,18 @@ bool lookup_static_methods(JNIEnv* env, const StaticMethod (&methods)[N]) {
 template <typename Observer, typename Code>
 class Notification {
 public:
-    // `env` is the observer's environment member that thread_attach() fills.
-    Notification(Observer& observer, JNIEnv* const& env, Code failure)
-        : observer_(observer), env_(env), failure_(failure), attached_(observer.thread_attach()) {}
+    // The observer's thread_attach() answers the delivering thread's environment (null when the
+    // attach failed); the notification uses that value, never the observer's member.
+    Notification(Observer& observer, Code failure)
+        : observer_(observer), failure_(failure), env_(observer.thread_attach()) {}
     Notification(const Notification&) = delete;
     Notification& operator=(const Notification&) = delete;
     ~Notification() {
-        if (attached_) observer_.thread_detach();
+        if (env_ != nullptr) observer_.thread_detach();
     }
 
-    bool attached() const { return attached_; }
+    bool attached() const { return env_ != nullptr; }
+    JNIEnv* env() const { return env_; }
     Code fail() const {
         failed(env_);
         return failure_;
@@ -325,9 +338,8 @@ public:
 
 private:
     Observer& observer_;
-    JNIEnv* const& env_;
     Code failure_;
-    bool attached_;
+    JNIEnv* const env_;
 };
 
 }  // namespace jni

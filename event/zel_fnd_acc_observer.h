@@ -21,7 +21,9 @@ public:
     virtual ~zel_fnd_acc_observer();
 
     int init();
-    bool thread_attach();
+    // The delivering thread's environment (null when it cannot be attached); also kept in
+    // the environment member.
+    JNIEnv* thread_attach();
     int thread_detach();
 
     int notify_iccard_detect(ESV_ZEL_ACC_ICCARD_INFO& card_info) override;

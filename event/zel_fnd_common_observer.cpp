@@ -47,8 +47,9 @@ int zel_fnd_common_observer::init() {
     jsize count = 0;
     jint rc = JNI_GetCreatedJavaVMs(&vm_, 1, &count);
     if (rc != JNI_OK) return rc;
-    if (!thread_attach()) return 0;
-    if (jcls_common_proxy_.find(jnienv_, kCommonProxy) && jcls_synchronous_proxy_.find(jnienv_, kSynchronousProxy)) {
+    JNIEnv* const env = thread_attach();
+    if (env == nullptr) return 0;
+    if (jcls_common_proxy_.find(env, kCommonProxy) && jcls_synchronous_proxy_.find(env, kSynchronousProxy)) {
         const jni::StaticMethod methods[] = {
             {&jcls_common_proxy_, "fireLogoutEvent", "()V", &mid_logout_},
             {&jcls_common_proxy_, "fireCommunicationErrorEvent", "()V", &mid_communication_error_},
@@ -66,12 +67,12 @@ int zel_fnd_common_observer::init() {
             {&jcls_synchronous_proxy_, "firePrepareActivationEvent", "(IJ)Z", &mid_prepare_activation_},
             {&jcls_synchronous_proxy_, "fireResidentAppsStateChanged", "(I)V", &mid_resident_apps_},
         };
-        jni::lookup_static_methods(jnienv_, methods);
+        jni::lookup_static_methods(env, methods);
     }
     return thread_detach();
 }
 
-bool zel_fnd_common_observer::thread_attach() { return jni::attach_thread(vm_, &jnienv_); }
+JNIEnv* zel_fnd_common_observer::thread_attach() { return jni::attach_thread_env(vm_, &jnienv_); }
 
 int zel_fnd_common_observer::thread_detach() { return jni::detach_thread(vm_); }
 
@@ -80,15 +81,16 @@ int zel_fnd_common_observer::thread_detach() { return jni::detach_thread(vm_); }
 template <typename... Args>
 unsigned long zel_fnd_common_observer::forward(const char* operation, const int* status, const jni::GlobalClass& cls,
                                                jmethodID method, Args... args) {
-    jni::Notification call(*this, jnienv_, kAttachFailure);
+    jni::Notification call(*this, kAttachFailure);
     if (!call.attached()) return kAttachFailure;
+    JNIEnv* const env = call.env();
     if (status != nullptr) {
         CMT_TRACE_OP(kTraceFlow, operation, "[Start]. status = [%d]", *status);
     } else {
         CMT_TRACE_OP(kTraceFlow, operation, "[Start]");
     }
-    jnienv_->CallStaticVoidMethod(cls.get(), method, args...);
-    jni::pending(jnienv_);
+    env->CallStaticVoidMethod(cls.get(), method, args...);
+    jni::pending(env);
     CMT_TRACE_OP(kTraceFlow, operation, "[End]");
     return 0;
 }
@@ -172,23 +174,24 @@ unsigned long zel_fnd_common_observer::service_state_changed(ESV_ZEL_ACCEPTANCE_
 }
 
 unsigned long zel_fnd_common_observer::request_activate(ESV_ZEL_KIND_OF_SCENARIO scenario, unsigned int value) {
-    jni::Notification call(*this, jnienv_, kAttachFailure);
+    jni::Notification call(*this, kAttachFailure);
     if (!call.attached()) return kAttachFailure;
+    JNIEnv* const env = call.env();
     CMT_TRACE(kTraceFlow, "[Start]");
     const unsigned int kind = static_cast<unsigned int>(scenario);
     if (kind <= 13 && ((0x2AAAu >> kind) & 1u) != 0) {
-        jnienv_->CallStaticVoidMethod(jcls_common_proxy_.get(), mid_completed_activation_, static_cast<jint>(scenario),
+        env->CallStaticVoidMethod(jcls_common_proxy_.get(), mid_completed_activation_, static_cast<jint>(scenario),
                                       static_cast<jlong>(value));
-        jni::pending(jnienv_);
+        jni::pending(env);
         CMT_TRACE(kTraceFlow, "[FIN] end. success.");
         return 0;
     }
     if (kind <= 13 && ((0x1555u >> kind) & 1u) != 0) {
         // The method ID comes from SynchronousEventProxy while the class passed is CommonProxy;
         // CommonProxy extends SynchronousEventProxy on the Java side, so the pair is valid.
-        jboolean ready = jnienv_->CallStaticBooleanMethod(jcls_common_proxy_.get(), mid_prepare_activation_,
+        jboolean ready = env->CallStaticBooleanMethod(jcls_common_proxy_.get(), mid_prepare_activation_,
                                                           static_cast<jint>(scenario), static_cast<jlong>(value));
-        jni::pending(jnienv_);
+        jni::pending(env);
         if (ready) {
             CMT_TRACE(kTraceFlow, "success.");
             return 0;

@@ -21,7 +21,9 @@ public:
     virtual ~zel_fnd_common_observer();
 
     int init();
-    bool thread_attach();
+    // The delivering thread's environment (null when it cannot be attached); also kept in
+    // the environment member.
+    JNIEnv* thread_attach();
     int thread_detach();
 
     unsigned long notify_key_card_status(unsigned char status) override;

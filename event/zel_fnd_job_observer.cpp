@@ -40,9 +40,10 @@ int zel_fnd_job_observer::init() {
     jint rc = JNI_GetCreatedJavaVMs(&vm_, 1, &count);
     if (rc != JNI_OK) return rc;
     // A failed attach is reported as success; the observer is registered all the same.
-    if (!thread_attach()) return 0;
-    if (jcls_job_proxy_.find(jnienv_, kJobProxy) && jcls_job_.find(jnienv_, kJob) &&
-        jcls_job_state_.find(jnienv_, kJobState)) {
+    JNIEnv* const env = thread_attach();
+    if (env == nullptr) return 0;
+    if (jcls_job_proxy_.find(env, kJobProxy) && jcls_job_.find(env, kJob) &&
+        jcls_job_state_.find(env, kJobState)) {
         const jni::StaticMethod methods[] = {
             {&jcls_job_proxy_, "fireJobStateChangedEvent", "(Ltarnwick/zel/controller/event/job/Job;)V", &mid_job_state_changed_},
             {&jcls_job_proxy_, "fireScanCountEvent", "(JJ)V", &mid_scan_count_},
@@ -50,12 +51,12 @@ int zel_fnd_job_observer::init() {
             {&jcls_job_proxy_, "fireCombConstraintEvent", "(J)V", &mid_comb_constraint_},
             {&jcls_job_proxy_, "firePanelMessageUpdateEvent", "(J)V", &mid_panel_message_update_},
         };
-        jni::lookup_static_methods(jnienv_, methods);
+        jni::lookup_static_methods(env, methods);
     }
     return thread_detach();
 }
 
-bool zel_fnd_job_observer::thread_attach() { return jni::attach_thread(vm_, &jnienv_); }
+JNIEnv* zel_fnd_job_observer::thread_attach() { return jni::attach_thread_env(vm_, &jnienv_); }
 
 int zel_fnd_job_observer::thread_detach() { return jni::detach_thread(vm_); }
 
@@ -66,15 +67,16 @@ int zel_fnd_job_observer::thread_detach() { return jni::detach_thread(vm_); }
 
 long zel_fnd_job_observer::fire_simple(const char* operation, jmethodID method, jlong first, jlong second,
                                        int count) {
-    jni::Notification call(*this, jnienv_, kFailure);
+    jni::Notification call(*this, kFailure);
     if (!call.attached()) return kFailure;
+    JNIEnv* const env = call.env();
     CMT_TRACE_OP(kTraceFlow, operation, "[Start]");
     if (count == 2) {
-        jnienv_->CallStaticVoidMethod(jcls_job_proxy_.get(), method, first, second);
+        env->CallStaticVoidMethod(jcls_job_proxy_.get(), method, first, second);
     } else {
-        jnienv_->CallStaticVoidMethod(jcls_job_proxy_.get(), method, first);
+        env->CallStaticVoidMethod(jcls_job_proxy_.get(), method, first);
     }
-    if (jni::pending(jnienv_)) return call.fail();
+    if (jni::pending(env)) return call.fail();
     CMT_TRACE_OP(kTraceFlow, operation, "[End]");
     return 0;
 }
@@ -101,8 +103,9 @@ long zel_fnd_job_observer::notify_phb_info(unsigned int, ESV_ZEL_PHB_INFO&) { re
 long zel_fnd_job_observer::notify_message_info(unsigned int, ESV_ZEL_PHB_GET_MESSAGE&) { return 0; }
 
 long zel_fnd_job_observer::notify_job_state_changed(ESV_ZEL_JOB_STATE state) {
-    jni::Notification call(*this, jnienv_, kFailure);
+    jni::Notification call(*this, kFailure);
     if (!call.attached()) return kFailure;
+    JNIEnv* const env = call.env();
     CMT_TRACE(kTraceFlow, "[Start]");
 
     const char* name = nullptr;
@@ -140,81 +143,81 @@ long zel_fnd_job_observer::notify_job_state_changed(ESV_ZEL_JOB_STATE state) {
 
     const jclass job_class = jcls_job_.get();
     const jclass job_state_class = jcls_job_state_.get();
-    jfieldID field = jnienv_->GetStaticFieldID(job_state_class, name, kJobStateSignature);
+    jfieldID field = env->GetStaticFieldID(job_state_class, name, kJobStateSignature);
     jni::LocalRef<jobject> jobstate(
-        jnienv_, field != nullptr ? jnienv_->GetStaticObjectField(job_state_class, field) : nullptr);
+        env, field != nullptr ? env->GetStaticObjectField(job_state_class, field) : nullptr);
     if (!jobstate) {
         CMT_TRACE(kTraceError, "[End]. jnienv_->GetStaticObjectField(jcls_job_state_, field) jobstate = NULL");
         return call.fail();
     }
 
-    jmethodID mid = jnienv_->GetMethodID(job_class, "<init>", "()V");
+    jmethodID mid = env->GetMethodID(job_class, "<init>", "()V");
     if (mid == nullptr) {
         CMT_TRACE(kTraceError, "jnienv_->GetMethodID(jcls_job_, <init>, ()V) mid = 0");
         return call.fail();
     }
-    jni::LocalRef<jobject> job(jnienv_, jnienv_->NewObject(job_class, mid));
+    jni::LocalRef<jobject> job(env, env->NewObject(job_class, mid));
     if (!job) {
         CMT_TRACE(kTraceError, "jnienv_->NewObject(jcls_job_, mid) obj = NULL");
         return call.fail();
     }
 
-    mid = jnienv_->GetMethodID(job_class, "setJobid", "(I)V");
+    mid = env->GetMethodID(job_class, "setJobid", "(I)V");
     if (mid == nullptr) {
         CMT_TRACE(kTraceError, "jnienv_->GetMethodID(jcls_job_, setJobid, (I)V) mid = 0");
         return call.fail();
     }
-    jnienv_->CallVoidMethod(job.get(), mid, static_cast<jint>(state.user_job_id));
-    if (jni::pending(jnienv_)) return call.fail();
+    env->CallVoidMethod(job.get(), mid, static_cast<jint>(state.user_job_id));
+    if (jni::pending(env)) return call.fail();
 
-    mid = jnienv_->GetMethodID(job_class, "setState", "(Ltarnwick/zel/controller/event/job/JobState;)V");
+    mid = env->GetMethodID(job_class, "setState", "(Ltarnwick/zel/controller/event/job/JobState;)V");
     if (mid == nullptr) {
         CMT_TRACE(kTraceError,
                   "jnienv_->GetMethodID(jcls_job_, setState, (Ltarnwick/zel/controller/event/job/JobState;)V) mid = 0");
         return call.fail();
     }
-    jnienv_->CallVoidMethod(job.get(), mid, jobstate.get());
-    if (jni::pending(jnienv_)) return call.fail();
+    env->CallVoidMethod(job.get(), mid, jobstate.get());
+    if (jni::pending(env)) return call.fail();
 
-    mid = jnienv_->GetMethodID(job_class, "setJobMode", "(I)V");
+    mid = env->GetMethodID(job_class, "setJobMode", "(I)V");
     if (mid == nullptr) {
         CMT_TRACE(kTraceError, " jnienv_->GetMethodID(jcls_job_, setJobMode, (I)V) mid = 0");
         return call.fail();
     }
-    jnienv_->CallVoidMethod(job.get(), mid, static_cast<jint>(state.job_mode));
-    if (jni::pending(jnienv_)) return call.fail();
+    env->CallVoidMethod(job.get(), mid, static_cast<jint>(state.job_mode));
+    if (jni::pending(env)) return call.fail();
 
-    mid = jnienv_->GetMethodID(job_class, "setUserName", "(Ljava/lang/String;)V");
+    mid = env->GetMethodID(job_class, "setUserName", "(Ljava/lang/String;)V");
     if (mid == nullptr) {
         CMT_TRACE(kTraceError, "jnienv_->GetMethodID(jcls_job_, setUserName, (Ljava/lang/String;)V) mid = 0");
         return call.fail();
     }
-    jni::LocalRef<jstring> juser_name(jnienv_, jni::new_string_of_field(jnienv_, state.user_name));
+    jni::LocalRef<jstring> juser_name(env, jni::new_string_of_field(env, state.user_name));
     if (!juser_name) {
         CMT_TRACE(kTraceError, "jnienv_->NewStringUTF(state.user_name) obj = NULL");
         return call.fail();
     }
-    jnienv_->CallVoidMethod(job.get(), mid, juser_name.get());
-    if (jni::pending(jnienv_)) return call.fail();
+    env->CallVoidMethod(job.get(), mid, juser_name.get());
+    if (jni::pending(env)) return call.fail();
 
-    mid = jnienv_->GetMethodID(job_class, "setIndev", "(I)V");
+    mid = env->GetMethodID(job_class, "setIndev", "(I)V");
     if (mid == nullptr) {
         CMT_TRACE(kTraceError, "jnienv_->GetMethodID(jcls_job_, setIndev, (I)V) mid = 0");
         return call.fail();
     }
-    jnienv_->CallVoidMethod(job.get(), mid, static_cast<jint>(state.in_dev));
-    if (jni::pending(jnienv_)) return call.fail();
+    env->CallVoidMethod(job.get(), mid, static_cast<jint>(state.in_dev));
+    if (jni::pending(env)) return call.fail();
 
-    mid = jnienv_->GetMethodID(job_class, "setOutdev", "(I)V");
+    mid = env->GetMethodID(job_class, "setOutdev", "(I)V");
     if (mid == nullptr) {
         CMT_TRACE(kTraceError, "jnienv_->GetMethodID(jcls_job_, setOutdev, (I)V) mid = 0");
         return call.fail();
     }
-    jnienv_->CallVoidMethod(job.get(), mid, static_cast<jint>(state.out_dev));
-    if (jni::pending(jnienv_)) return call.fail();
+    env->CallVoidMethod(job.get(), mid, static_cast<jint>(state.out_dev));
+    if (jni::pending(env)) return call.fail();
 
-    jnienv_->CallStaticVoidMethod(jcls_job_proxy_.get(), mid_job_state_changed_, job.get());
-    if (jni::pending(jnienv_)) return call.fail();
+    env->CallStaticVoidMethod(jcls_job_proxy_.get(), mid_job_state_changed_, job.get());
+    if (jni::pending(env)) return call.fail();
     CMT_TRACE(kTraceFlow, "[End]");
     return 0;
 }

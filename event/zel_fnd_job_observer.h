@@ -18,7 +18,9 @@ public:
     virtual ~zel_fnd_job_observer();
 
     int init();
-    bool thread_attach();
+    // The delivering thread's environment (null when it cannot be attached); also kept in
+    // the environment member.
+    JNIEnv* thread_attach();
     int thread_detach();
 
     long notify_job_state_changed(ESV_ZEL_JOB_STATE state) override;

@@ -19,7 +19,7 @@ public:
     virtual ~zel_fnd_jobinfo_observer();
 
     int init();
-    bool thread_attach();
+    JNIEnv* thread_attach();
     int thread_detach();
 
     long notify_job_update_log(const ESV_ZEL_EVENT_JOB_UPDATE_LOG& log) override;
@@ -37,13 +37,13 @@ private:
 
     // Looks a setter up on `cls` and calls it on `obj`; false when the lookup fails or the
     // setter throws (the exception stays pending for the notification's fail()).
-    bool call_setter(jobject obj, jclass cls, const char* name, const char* signature, jvalue value);
-    bool set_long(jobject obj, jclass cls, const char* name, jlong value);
-    bool set_int(jobject obj, jclass cls, const char* name, jint value);
+    bool call_setter(JNIEnv* env, jobject obj, jclass cls, const char* name, const char* signature, jvalue value);
+    bool set_long(JNIEnv* env, jobject obj, jclass cls, const char* name, jlong value);
+    bool set_int(JNIEnv* env, jobject obj, jclass cls, const char* name, jint value);
     // Creates an info object of `cls` with its no-argument constructor; null when that fails,
     // after tracing `message` under `operation` when the object itself could not be made (a
     // missing constructor is not traced).
-    jobject new_info(const jni::GlobalClass& cls, const char* operation, const char* message);
+    jobject new_info(JNIEnv* env, const jni::GlobalClass& cls, const char* operation, const char* message);
     // Fires `info` through `method` and traces "[End]": the notification's answer.
     long fire(const Notification& call, jmethodID method, jobject info, const char* operation);
 

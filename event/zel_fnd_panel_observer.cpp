@@ -22,18 +22,19 @@ int zel_fnd_panel_observer::init() {
     jsize count = 0;
     jint rc = JNI_GetCreatedJavaVMs(&vm_, 1, &count);
     if (rc != JNI_OK) return rc;
-    if (!thread_attach()) return 0;
-    if (jcls_panel_proxy_.find(jnienv_, "tarnwick/zel/controller/event/proxy/PanelProxy")) {
+    JNIEnv* const env = thread_attach();
+    if (env == nullptr) return 0;
+    if (jcls_panel_proxy_.find(env, "tarnwick/zel/controller/event/proxy/PanelProxy")) {
         const jni::StaticMethod methods[] = {
             {&jcls_panel_proxy_, "fireApplStartEvent", "(J)V", &mid_appl_start_},
             {&jcls_panel_proxy_, "fireAutoResetEvent", "()V", &mid_auto_reset_},
         };
-        jni::lookup_static_methods(jnienv_, methods);
+        jni::lookup_static_methods(env, methods);
     }
     return thread_detach();
 }
 
-bool zel_fnd_panel_observer::thread_attach() { return jni::attach_thread(vm_, &jnienv_); }
+JNIEnv* zel_fnd_panel_observer::thread_attach() { return jni::attach_thread_env(vm_, &jnienv_); }
 
 int zel_fnd_panel_observer::thread_detach() { return jni::detach_thread(vm_); }
 
@@ -41,22 +42,24 @@ int zel_fnd_panel_observer::thread_detach() { return jni::detach_thread(vm_); }
 // thread detaches right after, and no further JNI call is made.
 
 unsigned long zel_fnd_panel_observer::notify_key_event(unsigned int id, ESV_ZEL_PANEL_KEY_EVENT event) {
-    jni::Notification call(*this, jnienv_, kAttachFailure);
+    jni::Notification call(*this, kAttachFailure);
     if (!call.attached()) return kAttachFailure;
+    JNIEnv* const env = call.env();
     CMT_TRACE(kTraceFlow, "[Start]");
     // Only the application id reaches Java; the kind of key event does not.
-    jnienv_->CallStaticVoidMethod(jcls_panel_proxy_.get(), mid_appl_start_, static_cast<jlong>(id));
-    jni::pending(jnienv_);
+    env->CallStaticVoidMethod(jcls_panel_proxy_.get(), mid_appl_start_, static_cast<jlong>(id));
+    jni::pending(env);
     CMT_TRACE(kTraceFlow, "[End]");
     return 0;
 }
 
 unsigned long zel_fnd_panel_observer::notify_auto_panel_reset() {
-    jni::Notification call(*this, jnienv_, kAttachFailure);
+    jni::Notification call(*this, kAttachFailure);
     if (!call.attached()) return kAttachFailure;
+    JNIEnv* const env = call.env();
     CMT_TRACE(kTraceFlow, "[Start]");
-    jnienv_->CallStaticVoidMethod(jcls_panel_proxy_.get(), mid_auto_reset_);
-    jni::pending(jnienv_);
+    env->CallStaticVoidMethod(jcls_panel_proxy_.get(), mid_auto_reset_);
+    jni::pending(env);
     CMT_TRACE(kTraceFlow, "[End]");
     return 0;
 }

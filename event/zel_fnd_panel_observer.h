@@ -18,7 +18,9 @@ public:
     virtual ~zel_fnd_panel_observer();
 
     int init();
-    bool thread_attach();
+    // The delivering thread's environment (null when it cannot be attached); also kept in
+    // the environment member.
+    JNIEnv* thread_attach();
     int thread_detach();
 
     unsigned long notify_key_event(unsigned int id, ESV_ZEL_PANEL_KEY_EVENT event) override;

@@ -312,6 +312,13 @@ jbyteArray zel_fnd_job_proxy::get_scan_data(unsigned int user_job_id, ESV_ZEL_JO
     }
     long rc = facade()->esv_zel_job_get_scan_data(user_job_id, data);
     if (rc != 0) return nullptr;
+    // The count is the facade's word only for bytes inside the buffer: a larger one would make
+    // the copy read past the record.
+    if (data.data_size > sizeof data.scan_data) {
+        CMT_TRACE(kTraceError, "data_size = [%u] exceeds the scan data buffer of [%u] bytes.",
+                  static_cast<unsigned int>(data.data_size), static_cast<unsigned int>(sizeof data.scan_data));
+        return nullptr;
+    }
     const jsize size = static_cast<jsize>(data.data_size);
     jbyteArray array = env->NewByteArray(size);
     if (array == nullptr) return nullptr;

@@ -1,8 +1,10 @@
 #!/usr/bin/env bash
 # Every test: set up, then build and run the host suite (native, real JVM with -Xcheck:jni,
-# Java module tests) and the native suite cross-built for the 32-bit big-endian PowerPC device
-# under qemu-ppc; the device build (platform left to the loader) must compile and link too, and a
-# header change in a scratch build must rerun SWIG for exactly the modules that include it.
+# Java module tests), the same under AddressSanitizer+UndefinedBehaviorSanitizer, the native
+# tests under ThreadSanitizer, and the native suite cross-built for the 32-bit big-endian
+# PowerPC device under qemu-ppc; the device build (platform left to the loader) must compile and
+# link too, and a header change in a scratch build must rerun SWIG for exactly the modules that
+# include it.
 set -uo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 out=${TOVR_BUILD_DIR:-$root/build}
@@ -36,6 +38,15 @@ run_suite() {  # name, build dir, cmake args...
 
 mkdir -p "$out"
 run_suite host "$out/host" -DTOVR_BUILD_TESTS=ON -DTOVR_BUILD_BENCH=ON -DTOVR_BUILD_FUZZ=ON
+# The host suite again, everything built with AddressSanitizer and UndefinedBehaviorSanitizer:
+# native tests with leak detection; a JVM (JUnit and native_jvm tests) with the sanitizer's
+# runtime preloaded and the options of tests/CMakeLists.txt. Any report fails its test.
+ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
+  run_suite asan "$out/asan" -DTOVR_SANITIZE=address -DTOVR_BUILD_BENCH=OFF -DTOVR_BUILD_FUZZ=OFF
+# The native tests under ThreadSanitizer (notifications from several facade threads at once);
+# the suppressions name only the races the library has on purpose.
+TSAN_OPTIONS="suppressions=$root/tests/sanitizer/tsan.supp:second_deadlock_stack=1" \
+  run_suite tsan "$out/tsan" -DTOVR_SANITIZE=thread -DTOVR_BUILD_JAVA=OFF -DTOVR_BUILD_BENCH=OFF -DTOVR_BUILD_FUZZ=OFF
 run_suite ppc "$out/ppc" -DCMAKE_TOOLCHAIN_FILE="$root/cmake/toolchain-powerpc-linux-gnu.cmake"
 
 echo "=== stale build: a header change reruns SWIG for exactly the modules that include it"

@@ -168,6 +168,24 @@ TOVR_INOUT(double, jdouble, Double, TOVR_AS(double), TOVR_AS(jdouble))
 // std::vector<unsigned int> as the Java list type `vectorl` (declare it in a module with
 // TOVR_VECTORL). Its method set is fixed: size, capacity, reserve, isEmpty, clear, add, get, set.
 %define TOVR_VECTORL
+%{
+// A size from Java is checked against the 32-bit device's max_size() before it is narrowed to
+// size_t: -1, 2^32 + n and 2^40 then fail alike on host and device, and never reach the
+// allocator (a std::length_error or std::bad_alloc escaping here would end the VM).
+static std::size_t tovr_vectorl_size(long long n) {
+  const long long device_max_size = 0x1FFFFFFF;
+  if (n < 0 || n > device_max_size) throw std::length_error("vector size out of range");
+  return (std::size_t)n;
+}
+%}
+// A size out of range is the caller's argument; memory the device does not have is the VM's
+// out-of-memory case.
+%typemap(throws) std::length_error
+%{ SWIG_JavaThrowException(jenv, SWIG_JavaIllegalArgumentException, $1.what());
+   return $null; %}
+%typemap(throws) std::bad_alloc
+%{ SWIG_JavaThrowException(jenv, SWIG_JavaOutOfMemoryError, "vector memory allocation failed");
+   return $null; %}
 namespace std {
   template<class T> class vector {
     public:
@@ -175,16 +193,18 @@ namespace std {
       typedef T value_type;
       typedef const value_type& const_reference;
       vector();
-      vector(size_type n);
       size_type size() const;
       size_type capacity() const;
-      void reserve(size_type n);
       %rename(isEmpty) empty;
       bool empty() const;
       void clear();
       %rename(add) push_back;
       void push_back(const value_type& x);
       %extend {
+        %catches(std::length_error, std::bad_alloc) vector(long long n);
+        vector(long long n) { return new std::vector<T>(tovr_vectorl_size(n)); }
+        %catches(std::length_error, std::bad_alloc) reserve(long long n);
+        void reserve(long long n) { self->reserve(tovr_vectorl_size(n)); }
         %catches(std::out_of_range) get;
         const_reference get(int i) {
           int size = int(self->size());

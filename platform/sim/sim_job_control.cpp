@@ -40,6 +40,8 @@ Answers raise_message_info(unsigned int current_id, const ESV_ZEL_PHB_GET_MESSAG
 }
 
 Answers job_raise(JobNotification fn) { return job_facade().raise(std::move(fn)); }
+
+Answers job_deliver_here(JobNotification fn) { return job_facade().observers().deliver(fn); }
 std::future<Answers> job_post(JobNotification fn) { return job_facade().post(std::move(fn)); }
 
 std::size_t job_observer_count() { return job_facade().observers().size(); }

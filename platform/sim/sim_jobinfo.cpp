@@ -85,6 +85,8 @@ Answers raise_scan_page_info(const ESV_ZEL_EVENT_SCAN_PAGE& page) {
 
 Answers jobinfo_raise(JobinfoNotification fn) { return jobinfo_facade().raise(std::move(fn)); }
 
+Answers jobinfo_deliver_here(JobinfoNotification fn) { return jobinfo_facade().observers().deliver(fn); }
+
 std::future<Answers> jobinfo_post(JobinfoNotification fn) { return jobinfo_facade().post(std::move(fn)); }
 
 std::size_t jobinfo_observer_count() { return jobinfo_facade().observers().size(); }

@@ -12,6 +12,7 @@
 #include <functional>
 #include <future>
 #include <initializer_list>
+#include <list>
 #include <mutex>
 #include <type_traits>
 #include <utility>
@@ -361,9 +362,10 @@ private:
     std::thread thread_;
 };
 
-// The observers registered with one facade. deliver() runs on a facade thread; remove()
-// returns only when no notification to that observer is under way (unless the caller is that
-// very notification, which would otherwise wait for itself).
+// The observers registered with one facade. deliver() runs on a facade thread, on several at
+// once when the facade has more than one; remove() returns only when no notification to that
+// observer is under way on another thread (the caller may be such a notification itself, which
+// would otherwise wait for itself).
 template <typename Observer>
 class ObserverSet {
 public:
@@ -382,7 +384,7 @@ public:
                 break;
             }
         }
-        idle_.wait(lock, [&] { return busy_ != o || busy_thread_ == std::this_thread::get_id(); });
+        idle_.wait(lock, [&] { return !busy_elsewhere(o); });
         return found;
     }
     bool contains(Observer* o) {
@@ -403,13 +405,11 @@ public:
         std::vector<Observer*> targets = observers_;
         for (Observer* o : targets) {
             if (!still_registered(o)) continue;
-            busy_ = o;
-            busy_thread_ = std::this_thread::get_id();
+            const auto mark = busy_.insert(busy_.end(), {o, std::this_thread::get_id()});
             lock.unlock();
             answers.push_back(fn(o));
             lock.lock();
-            busy_ = nullptr;
-            busy_thread_ = std::thread::id();
+            busy_.erase(mark);
             idle_.notify_all();
         }
         return answers;
@@ -422,11 +422,16 @@ private:
         }
         return false;
     }
+    bool busy_elsewhere(Observer* o) const {
+        for (const auto& b : busy_) {
+            if (b.first == o && b.second != std::this_thread::get_id()) return true;
+        }
+        return false;
+    }
     std::mutex mutex_;
     std::condition_variable idle_;
     std::vector<Observer*> observers_;
-    Observer* busy_ = nullptr;
-    std::thread::id busy_thread_;
+    std::list<std::pair<Observer*, std::thread::id>> busy_;  // notifications under way
 };
 
 // Answer of a notification raised through a facade: one code per registered observer.

@@ -50,6 +50,10 @@ Answers job_raise(JobNotification fn);
 std::future<Answers> job_post(JobNotification fn);
 Answers jobinfo_raise(JobinfoNotification fn);
 std::future<Answers> jobinfo_post(JobinfoNotification fn);
+// Delivers on the calling thread, as a further device thread of the facade would, concurrently
+// with the facade's own thread.
+Answers job_deliver_here(JobNotification fn);
+Answers jobinfo_deliver_here(JobinfoNotification fn);
 
 // Observers currently registered with each facade.
 std::size_t job_observer_count();

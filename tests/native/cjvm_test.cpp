@@ -3,7 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <cstdint>
 #include <cstdio>
+#include <thread>
+#include <vector>
 
 #include "fake_jvm.h"
 
@@ -117,6 +121,57 @@ TEST_F(CJvmTest, JavaObjectServicesDoNothingWithoutAnEnvironment) {
     CJvm::ReleaseJObject(nullptr);
     std::fflush(stdout);
     EXPECT_EQ("failed to Get JNIEnv\nfailed to Get JNIEnv\n", ::testing::internal::GetCapturedStdout());
+}
+
+// A VM whose GetEnv hands each thread an environment of its own. Right after it has stored the
+// environment, `after_store` runs: it plays another thread's GetJNIEnv overwriting the shared
+// variable in the window between the VM's store and the caller's return.
+struct PerThreadVm {
+    static thread_local JNIEnv* own;
+    static void (*after_store)();
+    static jint JNICALL get_env(JavaVM*, void** penv, jint) {
+        *penv = own;
+        if (after_store != nullptr) after_store();
+        return JNI_OK;
+    }
+    JNIInvokeInterface_ functions{};
+    JavaVM vm{};
+    PerThreadVm() {
+        functions.GetEnv = get_env;
+        vm.functions = &functions;
+    }
+};
+thread_local JNIEnv* PerThreadVm::own = nullptr;
+void (*PerThreadVm::after_store)() = nullptr;
+
+JNIEnv* const kOtherThreadsEnv = reinterpret_cast<JNIEnv*>(0x2000);
+
+TEST_F(CJvmTest, GetJNIEnvReturnsItsOwnEnvironmentEvenWhenTheSharedOneIsOverwritten) {
+    PerThreadVm vm;
+    CJvm::ms_jvm = &vm.vm;
+    PerThreadVm::own = kSomeEnv;
+    PerThreadVm::after_store = [] { CJvm::ms_jnienv = kOtherThreadsEnv; };
+    EXPECT_EQ(kSomeEnv, CJvm::GetJNIEnv());
+    PerThreadVm::after_store = nullptr;
+    // Still one shared variable, written by every call.
+    EXPECT_EQ(kSomeEnv, CJvm::ms_jnienv);
+}
+
+TEST_F(CJvmTest, GetJNIEnvOnManyThreadsGivesEachItsOwn) {
+    PerThreadVm vm;
+    CJvm::ms_jvm = &vm.vm;
+    std::atomic<int> wrong{0};
+    std::vector<std::thread> threads;
+    for (int t = 1; t <= 4; ++t) {
+        threads.emplace_back([t, &wrong] {
+            PerThreadVm::own = reinterpret_cast<JNIEnv*>(static_cast<std::uintptr_t>(0x10000 * t));
+            for (int i = 0; i < 50000; ++i) {
+                if (CJvm::GetJNIEnv() != PerThreadVm::own) ++wrong;
+            }
+        });
+    }
+    for (auto& t : threads) t.join();
+    EXPECT_EQ(0, wrong.load());
 }
 
 }  // namespace

@@ -52,7 +52,7 @@ extern "C" JNIEXPORT jint JNICALL JNI_GetCreatedJavaVMs(JavaVM** vms, jsize, jsi
         *count = 0;
         return JNI_OK;
     }
-    vms[0] = fake_jvm::vm();
+    vms[0] = fake_jvm::control().other_vm != nullptr ? fake_jvm::control().other_vm : fake_jvm::vm();
     *count = 1;
     return JNI_OK;
 }

@@ -19,6 +19,7 @@ struct Control {
     jint destroy_result = JNI_OK;
     int destroys = 0;
     jint last_get_env_version = 0;
+    JavaVM* other_vm = nullptr;  // when set, JNI_GetCreatedJavaVMs reports this VM instead
 };
 
 Control& control();

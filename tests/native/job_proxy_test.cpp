@@ -5,6 +5,8 @@
 
 #include <cstdint>
 #include <cstring>
+#include <memory>
+#include <string>
 #include <vector>
 
 #include "CJvm.h"
@@ -315,7 +317,7 @@ jbyteArray JNICALL fake_new_byte_array(JNIEnv*, jsize len) {
 }
 void JNICALL fake_set_region(JNIEnv*, jbyteArray a, jsize start, jsize len, const jbyte* buf) {
     auto& v = g_arrays.arrays.at(reinterpret_cast<std::uintptr_t>(a) - 1);
-    std::memcpy(v.data() + start, buf, static_cast<std::size_t>(len));
+    if (len > 0) std::memcpy(v.data() + start, buf, static_cast<std::size_t>(len));
 }
 jthrowable JNICALL fake_exception_occurred(JNIEnv*) {
     return g_arrays.pending ? reinterpret_cast<jthrowable>(1) : nullptr;
@@ -349,7 +351,7 @@ protected:
     static void answer_with(std::vector<unsigned char> bytes, long rc = 0) {
         tovr_sim::force("esv_zel_job_get_scan_data", [bytes, rc](const tovr_sim::Params& p) {
             auto* d = static_cast<ESV_ZEL_JOB_GET_SCAN_DATA*>(p[1]);
-            std::memcpy(d->scan_data, bytes.data(), bytes.size());
+            if (!bytes.empty()) std::memcpy(d->scan_data, bytes.data(), bytes.size());
             d->data_size = static_cast<uint32_t>(bytes.size());
             return rc;
         });
@@ -419,3 +421,37 @@ TEST_F(JobScanData, NoVmGivesNull) {
 }
 
 }  // namespace
+
+// The count is only believed for bytes inside the buffer. The record stands alone on the heap,
+// so a copy past it is a heap-buffer-overflow under AddressSanitizer.
+TEST_F(JobScanData, CountBeyondTheBufferIsAFacadeFailure) {
+    for (std::uint32_t count : {4097u, 5000u, 100000u, 0x7FFFFFFFu, 0xFFFFFFFFu}) {
+        auto record = std::make_unique<ESV_ZEL_JOB_GET_SCAN_DATA>();
+        tovr_sim::force("esv_zel_job_get_scan_data", [count](const tovr_sim::Params& p) {
+            auto* d = static_cast<ESV_ZEL_JOB_GET_SCAN_DATA*>(p[1]);
+            std::memset(d->scan_data, 0x5A, sizeof d->scan_data);
+            d->data_size = count;
+            return 0L;
+        });
+        tovr_sim::clear_trace();
+        EXPECT_EQ(nullptr, proxy.get_scan_data(102, *record)) << count;
+        EXPECT_TRUE(g_arrays.arrays.empty()) << count;
+        EXPECT_EQ((std::vector<Line>{{3, "get_scan_data,[Start]. user_job_id = [102]."},
+                                     {0, "get_scan_data,data_size = [" + std::to_string(count) +
+                                             "] exceeds the scan data buffer of [4096] bytes."}}),
+                  proxy_lines())
+            << count;
+    }
+}
+
+TEST_F(JobScanData, CountOfExactlyTheBufferIsCopiedWhole) {
+    auto record = std::make_unique<ESV_ZEL_JOB_GET_SCAN_DATA>();
+    tovr_sim::force("esv_zel_job_get_scan_data", [](const tovr_sim::Params& p) {
+        auto* d = static_cast<ESV_ZEL_JOB_GET_SCAN_DATA*>(p[1]);
+        std::memset(d->scan_data, 0x33, sizeof d->scan_data);
+        d->data_size = 4096;
+        return 0L;
+    });
+    ASSERT_NE(nullptr, proxy.get_scan_data(103, *record));
+    EXPECT_EQ(std::vector<jbyte>(4096, 0x33), g_arrays.arrays.at(0));
+}

@@ -16,9 +16,9 @@ struct StubObserver {
     bool attach_ok = true;
     int attaches = 0;
     int detaches = 0;
-    bool thread_attach() {
+    JNIEnv* thread_attach() {
         ++attaches;
-        return attach_ok;
+        return attach_ok ? kSomeEnv : nullptr;
     }
     int thread_detach() {
         ++detaches;
@@ -39,10 +39,10 @@ protected:
 
 TEST_F(ToolkitTest, NotificationDetachesOnceWhenItsScopeEnds) {
     StubObserver observer;
-    JNIEnv* env = nullptr;
     {
-        jni::Notification call(observer, env, 7L);
+        jni::Notification call(observer, 7L);
         EXPECT_TRUE(call.attached());
+        EXPECT_EQ(kSomeEnv, call.env());
         EXPECT_EQ(0, observer.detaches);
     }
     EXPECT_EQ(1, observer.attaches);
@@ -52,10 +52,10 @@ TEST_F(ToolkitTest, NotificationDetachesOnceWhenItsScopeEnds) {
 TEST_F(ToolkitTest, NotificationWhoseAttachFailedDoesNotDetach) {
     StubObserver observer;
     observer.attach_ok = false;
-    JNIEnv* env = nullptr;
     {
-        jni::Notification call(observer, env, 7L);
+        jni::Notification call(observer, 7L);
         EXPECT_FALSE(call.attached());
+        EXPECT_EQ(nullptr, call.env());
     }
     EXPECT_EQ(1, observer.attaches);
     EXPECT_EQ(0, observer.detaches);
@@ -76,6 +76,16 @@ TEST_F(ToolkitTest, WithoutAVmNothingIsAttachedOrDetached) {
     EXPECT_EQ(JNI_ERR, jni::detach_thread(nullptr));
     EXPECT_EQ(nullptr, jni::calling_thread_env(nullptr));
     EXPECT_EQ(0, fake_jvm::control().attaches);
+}
+
+TEST_F(ToolkitTest, AttachThreadEnvAnswersTheEnvironmentAndStoresItInTheMember) {
+    JNIEnv* member = nullptr;
+    EXPECT_EQ(kSomeEnv, jni::attach_thread_env(fake_jvm::vm(), &member));
+    EXPECT_EQ(kSomeEnv, member);
+    fake_jvm::control().attach_result = JNI_ERR;
+    JNIEnv* untouched = kSomeEnv;
+    EXPECT_EQ(nullptr, jni::attach_thread_env(fake_jvm::vm(), &untouched));
+    EXPECT_EQ(kSomeEnv, untouched);
 }
 
 TEST_F(ToolkitTest, AttachFailureIsReported) {

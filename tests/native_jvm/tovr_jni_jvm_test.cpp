@@ -27,11 +27,12 @@ std::string utf(JNIEnv* env, jstring s) {
 // Stands for an observer: the thread is the test's own, already attached, so attach and detach
 // only count.
 struct CountingObserver {
+    JNIEnv* env = nullptr;
     int attaches = 0;
     int detaches = 0;
-    bool thread_attach() {
+    JNIEnv* thread_attach() {
         ++attaches;
-        return true;
+        return env;
     }
     int thread_detach() {
         ++detaches;
@@ -117,9 +118,9 @@ TEST(ToolkitJvm, NotificationFailDescribesAndClearsTheExceptionAndAnswersTheFail
     JNIEnv* env = env_of_this_thread();
     ASSERT_NE(nullptr, env);
     CountingObserver observer;
+    observer.env = env;
     {
-        JNIEnv* observer_env = env;
-        jni::Notification call(observer, observer_env, 0x04010A05);
+        jni::Notification call(observer, 0x04010A05);
         ASSERT_TRUE(call.attached());
         jni::LocalRef<jclass> runtime(env, env->FindClass("java/lang/RuntimeException"));
         ASSERT_TRUE(runtime);

@@ -5,6 +5,7 @@
 #include <jni.h>
 
 #include <string>
+#include <type_traits>
 #include <vector>
 
 struct PROBE_INNER {
@@ -48,9 +49,20 @@ struct PROBE_NS_RECORD {
 };
 }  // namespace tarnwick
 
+// One more, wrapping at the top of the type as the device's integers do (in unsigned
+// arithmetic: a signed overflow would be undefined).
+template <typename T>
+T probe_next(T v) {
+    if constexpr (std::is_integral_v<T> && !std::is_same_v<T, bool>) {
+        return static_cast<T>(static_cast<std::make_unsigned_t<T>>(v) + 1u);
+    } else {
+        return (T)(v + 1);
+    }
+}
+
 #define PROBE_SCALAR_OPS(T, NAME, OUT_VALUE)                 \
     void out_##NAME(T& v) { ++calls; v = (T)(OUT_VALUE); }  \
-    void inout_##NAME(T& v) { ++calls; v = (T)(v + 1); }
+    void inout_##NAME(T& v) { ++calls; v = probe_next<T>(v); }
 
 class probe_ops {
 public:

@@ -8,7 +8,10 @@ shift 4
 [ $# -gt 0 ] || set -- --scan-class-path "${cp%%:*}"
 log=$(mktemp)
 trap 'rm -f "$log"' EXIT
+# A sanitizer build names its runtime (and what must follow it) in TOVR_JVM_PRELOAD; only the
+# VM gets it.
 LD_LIBRARY_PATH="$libpath${LD_LIBRARY_PATH:+:$LD_LIBRARY_PATH}" \
+  LD_PRELOAD="${TOVR_JVM_PRELOAD:-${LD_PRELOAD:-}}" \
   "$java" -Xcheck:jni -Djava.library.path="$libpath" -jar "$console" \
   --class-path "$cp" --disable-banner --details=summary \
   --fail-if-no-tests "$@" 2>&1 | tee "$log"
@@ -16,6 +19,11 @@ rc=${PIPESTATUS[0]}
 if grep -q "WARNING in native method" "$log"; then
   echo "FAILED: -Xcheck:jni reported warnings:"
   grep -n -A3 "WARNING in native method" "$log" | head -40
+  exit 1
+fi
+# A sanitizer report fails the run even when the VM's exit code hides it.
+if grep -qE "ERROR: (AddressSanitizer|LeakSanitizer)|runtime error:|WARNING: ThreadSanitizer" "$log"; then
+  echo "FAILED: sanitizer report"
   exit 1
 fi
 exit "$rc"
