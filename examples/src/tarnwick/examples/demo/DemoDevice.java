@@ -77,8 +77,8 @@ public final class DemoDevice {
 
         // Machine values.
         SimSystem.setModelType(0x5A31);
-        SimSystem.setTray(1, 480, 4, 0, 0);
-        SimSystem.setTray(2, 250, 5, 0, 0);
+        SimSystem.setTray(1, 80, 4, 0, 0);   // remaining paper, in percent
+        SimSystem.setTray(2, 35, 5, 0, 0);
         SimSystem.setCount(0, 4, 1, 12873);
         SimSystem.setCount(1, 4, 1, 9012);
         SimSystem.setCount(2, 4, 1, 3861);

@@ -157,8 +157,9 @@ public final class ScanToEmailApp {
             log.add("USB", text);
         }
 
-        @Override public void tonerLevel(short first, short second) {
-            String text = "colour " + first + " " + (second == 0 ? "ok" : second == 1 ? "low" : "empty");
+        // The event hands the level first, then the colour (the device's order reversed).
+        @Override public void tonerLevel(short level, short colour) {
+            String text = "colour " + colour + " " + (level == 0 ? "ok" : level == 1 ? "low" : "empty");
             synchronized (ScanToEmailApp.this) {
                 toner = text;
             }
@@ -405,10 +406,10 @@ public final class ScanToEmailApp {
         long uid = createJob(who, to, pages);
         if (uid == 0) return 0;
         int rc = zel_fnd_job_moduleJNI.zel_fnd_job_proxy_continuous_read(jobProxy, null, uid);
-        if (rc != 0) log.add("Warning", "continuous read " + hex(rc));
+        if (rc != 0) log.add("Warning", "continuous read result " + rc);
         rc = zel_fnd_job_moduleJNI.zel_fnd_job_proxy_start(jobProxy, null, uid);
         if (rc != 0) {
-            log.add("JobFailed", "start " + hex(rc) + " job " + uid);
+            log.add("JobFailed", "start result " + rc + " job " + uid);
             zel_fnd_job_moduleJNI.zel_fnd_job_proxy_cancel(jobProxy, null, uid);
             return uid;
         }
@@ -424,7 +425,7 @@ public final class ScanToEmailApp {
         long[] id = {0};
         int rc = zel_fnd_job_moduleJNI.zel_fnd_job_proxy_generate_jobinfo(jobProxy, null, PHB_SEND, id);
         if (rc != 0) {
-            log.add("JobFailed", "generate " + hex(rc));
+            log.add("JobFailed", "generate result " + rc);
             return 0;
         }
         zel_fnd_job_moduleJNI.zel_fnd_job_proxy_set_value__SWIG_0(jobProxy, null, id[0], SETTING_ORIGINAL_PAGES, pages);
@@ -441,13 +442,13 @@ public final class ScanToEmailApp {
             zel_fnd_job_moduleJNI.delete_ESV_ZEL_JOB_SEND_INFO(info);
         }
         if (rc != 0) {
-            log.add("JobFailed", "address " + hex(rc));
+            log.add("JobFailed", "address result " + rc);
             zel_fnd_job_moduleJNI.zel_fnd_job_proxy_delete_jobinfo(jobProxy, null, id[0]);
             return 0;
         }
         rc = zel_fnd_job_moduleJNI.zel_fnd_job_proxy_commit_jobinfo(jobProxy, null, id[0]);
         if (rc != 0) {
-            log.add("JobFailed", "commit " + hex(rc));
+            log.add("JobFailed", "commit result " + rc);
             zel_fnd_job_moduleJNI.zel_fnd_job_proxy_delete_jobinfo(jobProxy, null, id[0]);
             return 0;
         }
@@ -455,7 +456,7 @@ public final class ScanToEmailApp {
         rc = zel_fnd_job_moduleJNI.zel_fnd_job_proxy_create_job(jobProxy, null, CATEGORY_SCAN_SEND, id[0], uid);
         zel_fnd_job_moduleJNI.zel_fnd_job_proxy_delete_jobinfo(jobProxy, null, id[0]);
         if (rc != 0) {
-            log.add("JobFailed", "create " + hex(rc));
+            log.add("JobFailed", "create result " + rc);
             return 0;
         }
         synchronized (this) {
@@ -629,7 +630,7 @@ public final class ScanToEmailApp {
         long p = CMT_SystemInformationJNI.new_ESV_ZEL_PAPER_INFO();
         for (int tray = 1; tray <= 2; ++tray) {
             rc = CMT_SystemInformationJNI.CMT_System_Info_get_paper_info(sysInfo, null, tray, p, null);
-            out.put("tray " + tray, rc == 0 ? CMT_SystemInformationJNI.ESV_ZEL_PAPER_INFO_paper_remain_get(p, null) + " sheets"
+            out.put("tray " + tray, rc == 0 ? CMT_SystemInformationJNI.ESV_ZEL_PAPER_INFO_paper_remain_get(p, null) + "% paper"
                     : "code " + rc);
         }
         CMT_SystemInformationJNI.delete_ESV_ZEL_PAPER_INFO(p);
