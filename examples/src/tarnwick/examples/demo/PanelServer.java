@@ -94,6 +94,19 @@ public final class PanelServer {
         return m;
     }
 
+    private Map<String, String> machine;
+    private long machineRead;
+
+    /** Machine values, read again at most every two seconds (each read is traced). */
+    private synchronized Map<String, String> machine() {
+        long now = System.currentTimeMillis();
+        if (machine == null || now - machineRead > 2000) {
+            machine = app.machineValues();
+            machineRead = now;
+        }
+        return machine;
+    }
+
     private void state(HttpExchange x) throws IOException {
         if (!x.getRequestMethod().equals("GET")) {
             send(x, 405, "text/plain; charset=utf-8", "method not allowed\n");
@@ -111,7 +124,7 @@ public final class PanelServer {
         Map<String, Object> s = new LinkedHashMap<>();
         s.put("port", server.getAddress().getPort());
         s.put("app", app.state());
-        s.put("machine", app.machineValues());
+        s.put("machine", machine());
         s.put("powerState", DemoDevice.powerState());
         List<Map<String, Object>> events = new ArrayList<>();
         List<EventLog.Event> list = app.log.since(since);
