@@ -7,6 +7,7 @@ import java.nio.file.Path;
 import java.util.Map;
 import java.util.concurrent.CountDownLatch;
 import java.util.concurrent.TimeUnit;
+import java.util.concurrent.atomic.AtomicReference;
 
 /**
  * The device on the desk: the simulated device with sample data, the scan-to-e-mail application,
@@ -86,9 +87,9 @@ public final class DeviceDemo {
     private static void walk(ScanToEmailApp app, DemoDevice device) throws Exception {
         app.log.watch(e -> System.out.println("  event " + e));
         System.out.println("walk: machine values");
-        Map<String, String>[] values = new Map[1];
-        app.submit(() -> values[0] = app.machineValues()).get();
-        values[0].forEach((k, v) -> System.out.printf("    %-14s %s%n", k, v));
+        AtomicReference<Map<String, String>> values = new AtomicReference<>();
+        app.submit(() -> values.set(app.machineValues())).get();
+        values.get().forEach((k, v) -> System.out.printf("    %-14s %s%n", k, v));
         System.out.println("walk: alice holds her card to the reader");
         device.holdCard(DemoDevice.CARD_ALICE);
         waitFor(app, "Login", 5000);
@@ -102,8 +103,8 @@ public final class DeviceDemo {
         app.submit(() -> app.copyToRemovable(2, "")).get(30, TimeUnit.SECONDS);
         System.out.println("walk: log out");
         app.submit(app::logout).get();
-        app.submit(() -> values[0] = app.machineValues()).get();
-        values[0].forEach((k, v) -> System.out.printf("    %-14s %s%n", k, v));
+        app.submit(() -> values.set(app.machineValues())).get();
+        values.get().forEach((k, v) -> System.out.printf("    %-14s %s%n", k, v));
     }
 
     private static void waitFor(ScanToEmailApp app, String kind, long ms) throws InterruptedException {

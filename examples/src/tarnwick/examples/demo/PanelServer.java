@@ -16,6 +16,7 @@ import java.util.List;
 import java.util.Map;
 import java.util.concurrent.Executors;
 import java.util.concurrent.TimeUnit;
+import java.util.concurrent.atomic.AtomicReference;
 
 /**
  * The virtual front panel: one page (kept in this jar) and a small JSON interface, served on
@@ -246,10 +247,10 @@ public final class PanelServer {
             case "search": {
                 String prefix = p.getOrDefault("prefix", "");
                 if (prefix.length() > 64) return "prefix is longer than 64";
-                List<String>[] found = new List[1];
-                onApp(() -> found[0] = app.search(prefix));
-                r.put("found", found[0].subList(0, Math.min(50, found[0].size())));
-                r.put("total", found[0].size());
+                AtomicReference<List<String>> found = new AtomicReference<>();
+                onApp(() -> found.set(app.search(prefix)));
+                r.put("found", found.get().subList(0, Math.min(50, found.get().size())));
+                r.put("total", found.get().size());
                 return "";
             }
             case "destination": {

@@ -13,6 +13,7 @@ import java.util.Map;
 import java.util.concurrent.ExecutionException;
 import java.util.concurrent.TimeUnit;
 import java.util.concurrent.TimeoutException;
+import java.util.concurrent.atomic.AtomicReference;
 
 /**
  * A scripted session at the machine: one step a line, '#' starts a comment. The steps are
@@ -283,9 +284,9 @@ public final class Scenario {
                 return null;
             }
             case "show": {
-                Map<String, String>[] values = new Map[1];
-                onApp(() -> values[0] = app.machineValues());
-                values[0].forEach((k, v) -> out.printf("    %-14s %s%n", k, v));
+                AtomicReference<Map<String, String>> values = new AtomicReference<>();
+                onApp(() -> values.set(app.machineValues()));
+                values.get().forEach((k, v) -> out.printf("    %-14s %s%n", k, v));
                 return null;
             }
             case "expect": return expect(w);
