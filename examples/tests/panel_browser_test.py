@@ -116,6 +116,10 @@ class Page:
 
 
 def find_chromium():
+    # TOVR_CHROMIUM names the browser to use (a path that is not there: no browser).
+    chosen = os.environ.get("TOVR_CHROMIUM")
+    if chosen is not None:
+        return chosen if os.access(chosen, os.X_OK) else None
     for name in ("chromium", "chromium-browser", "google-chrome"):
         p = shutil.which(name)
         if p:
