@@ -188,6 +188,8 @@ def main():
         assert page.text("user") == "(nobody)", page.text("user")
         assert page.text("power") == "awake", page.text("power")
         assert "counter total" in page.text("machine"), page.text("machine")
+        page.js("document.getElementById('box').click()")
+        page.wait("document.getElementById('box-list').textContent.includes('price-list.pdf 482113')", "document box listed")
         page.screenshot(os.path.join(a.out, "01-loaded.png"))
 
         print("step 2: press a panel key")

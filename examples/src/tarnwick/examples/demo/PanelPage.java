@@ -62,7 +62,10 @@ copy <select id="copy-what"><option value="0">last scan</option><option value="6
 to <select id="copy-drive"><option>0</option><option>1</option></select>
 <select id="copy-rate"><option value="">full speed</option><option value="8">8 MB/s</option></select>
 <button id="copy" onclick="copy()">Copy</button>
-<div>copy: <span id="copystate" class="val">-</span></div></section>
+<div>copy: <span id="copystate" class="val">-</span></div>
+<h2 style="margin-top:10px">Document box</h2>
+<select id="box-folder"><option>/Sales</option><option>/Engineering</option></select><button id="box" onclick="box()">List</button>
+<div id="box-list" style="font-family:monospace;font-size:12px"></div></section>
 <section><h2>Device</h2>
 <button id="cover-open" onclick="act({action:'cover',open:1})">Open cover</button><button id="cover-close" onclick="act({action:'cover',open:0})">Close cover</button><br>
 toner <button id="toner-low" onclick="act({action:'toner',level:'low'})">low</button><button onclick="act({action:'toner',level:'empty'})">empty</button><button onclick="act({action:'toner',level:'ok'})">ok</button><br>
@@ -104,6 +107,8 @@ async function search(){
   for(const f of r.found){const o=document.createElement('option');o.textContent=f;o.value=f.split(' <')[0];s.appendChild(o)}
   say(r.total+' found'+(r.total>r.found.length?' (first '+r.found.length+' shown)':''),true);
 }
+async function box(){const r=await post({action:'box',folder:v('box-folder')});if(!r.ok){say(r.error,false);return}
+  t('box-list',r.documents.length?r.documents.join(', '):'(empty)')}
 function choose(){act({action:'destination',prefix:v('found')})}
 function copy(){const p={action:'copy',drive:v('copy-drive')};if(v('copy-what')!=='0')p.mb=v('copy-what');if(v('copy-rate'))p.rate=v('copy-rate');act(p)}
 function rows(id,obj){const tb=document.getElementById(id);tb.innerHTML='';

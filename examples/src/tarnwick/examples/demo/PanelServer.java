@@ -253,6 +253,14 @@ public final class PanelServer {
                 r.put("total", found.get().size());
                 return "";
             }
+            case "box": {
+                String folder = need(p, "folder", 64);
+                if (!folder.startsWith("/")) return "a document-box folder begins with /";
+                AtomicReference<List<String>> docs = new AtomicReference<>();
+                onApp(() -> docs.set(app.boxListing(folder)));
+                r.put("documents", docs.get());
+                return "";
+            }
             case "destination": {
                 String prefix = need(p, "prefix", 64);
                 boolean[] ok = {false};

@@ -18,7 +18,9 @@ import tarnwick.zel.controller.event.proxy.CommonProxy;
 import tarnwick.zel.controller.event.proxy.JobInfoProxy;
 import tarnwick.zel.controller.event.proxy.JobProxy;
 import tarnwick.zel.controller.event.proxy.PanelProxy;
+import tarnwick.zel.box.document.RemovableMemoryFileImpl;
 import tarnwick.zel.wrapper.address.CMT_ADDRESSBOOKJNI;
+import tarnwick.zel.wrapper.box.zel_fnd_document_box_moduleJNI;
 import tarnwick.zel.wrapper.device.attribute.CMT_SystemInformationJNI;
 import tarnwick.zel.wrapper.event.ZELFNDEventJNI;
 import tarnwick.zel.wrapper.job.log.zel_fnd_job_log_moduleJNI;
@@ -637,6 +639,26 @@ public final class ScanToEmailApp {
         synchronized (this) {
             out.put("power", sleepState == 0 ? "awake" : "asleep (" + sleepState + ")");
         }
+        return out;
+    }
+
+    // ---- document box ----
+
+    /** The documents of a document-box folder: "name size" each, or why there are none. */
+    public List<String> boxListing(String folder) {
+        List<String> out = new ArrayList<>();
+        long manager = zel_fnd_document_box_moduleJNI.zel_fnd_document_manager_zel_fnd_get_instance();
+        ArrayList<Object> found = new ArrayList<>();
+        int rc = zel_fnd_document_box_moduleJNI.zel_fnd_document_manager_zel_fnd_get_easy_box_list(manager, null, folder, found);
+        if (rc != 0) {
+            log.add("BoxListing", folder + " result " + rc);
+            return out;
+        }
+        for (Object o : found) {
+            RemovableMemoryFileImpl f = (RemovableMemoryFileImpl) o;
+            out.add(f.getInfo().getName() + " " + f.getInfo().getDataSize() + (f.isFile() ? "" : " (folder)"));
+        }
+        log.add("BoxListing", folder + " " + out.size() + " entries");
         return out;
     }
 

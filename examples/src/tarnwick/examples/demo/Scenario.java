@@ -38,7 +38,7 @@ public final class Scenario {
             "  paper tray <1|2> level <0-100>",
             "  sleep   |   wake",
             "  copy to usb <0|1> [size <n> MB] [rate <n> MB/s]   (the last scan, or a new file of that size)",
-            "  show machine",
+            "  show machine   |   show box <folder>",
             "  expect event <Kind> [word ...] within <n> s",
             "  expect no event <Kind> [word ...] within <n> s",
             "  expect user <login>   |   expect no user");
@@ -178,7 +178,8 @@ public final class Scenario {
                 return null;
             }
             case "show":
-                return is(w, "show", "machine") && w.length == 2 ? null : "show machine";
+                if (is(w, "show", "box")) return w.length == 3 && w[2].startsWith("/") ? null : "show box </folder>";
+                return is(w, "show", "machine") && w.length == 2 ? null : "show machine | show box </folder>";
             case "expect":
                 if (is(w, "expect", "user")) return w.length == 3 ? null : "expect user <login>";
                 if (is(w, "expect", "no", "user")) return w.length == 3 ? null : "expect no user";
@@ -284,6 +285,12 @@ public final class Scenario {
                 return null;
             }
             case "show": {
+                if (is(w, "show", "box")) {
+                    AtomicReference<List<String>> docs = new AtomicReference<>();
+                    onApp(() -> docs.set(app.boxListing(w[2])));
+                    docs.get().forEach(d -> out.println("    " + d));
+                    return null;
+                }
                 AtomicReference<Map<String, String>> values = new AtomicReference<>();
                 onApp(() -> values.set(app.machineValues()));
                 values.get().forEach((k, v) -> out.printf("    %-14s %s%n", k, v));
