@@ -59,7 +59,7 @@ def main():
         status, text = request(port, "GET", "/")
         check(status == 200 and f"127.0.0.1:{port}" in text, "the page is served and names its port")
         for path in ["/../../../../etc/passwd", "/%2e%2e/%2e%2e/etc/passwd", "/etc/passwd", "/index.html/../../x",
-                     "/api/../../etc/hosts", "/panel.html"]:
+                     "/api/../../etc/hosts", "/panel.html", "/api/state/../../x", "/api/stateX"]:
             status, _ = request(port, "GET", path)
             check(status == 404, f"GET {path} -> 404")
         status, _ = request(port, "GET", "/api/action")

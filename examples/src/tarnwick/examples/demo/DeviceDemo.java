@@ -58,7 +58,8 @@ public final class DeviceDemo {
         app.start();
         device.plugInitialStick();
         System.out.println("device: sample data loaded (users alice/secret with card " + DemoDevice.CARD_ALICE
-                + ", bob/bobpw, carol/carolpw; 305 addresses; drives under " + root.getAbsolutePath() + ")");
+                + ", bob/bobpw, carol/carolpw; departments " + String.join(", ", tarnwick.sim.SimUsers.deptIds())
+                + "; " + tarnwick.sim.SimAddressBook.size() + " addresses; drives under " + root.getAbsolutePath() + ")");
 
         if (scenario != null) {
             int rc = Scenario.play(Path.of(scenario), app, device, System.out);

@@ -109,6 +109,10 @@ public final class PanelServer {
     }
 
     private void state(HttpExchange x) throws IOException {
+        if (!x.getRequestURI().getPath().equals("/api/state")) {
+            send(x, 404, "text/plain; charset=utf-8", "not found\n");
+            return;
+        }
         if (!x.getRequestMethod().equals("GET")) {
             send(x, 405, "text/plain; charset=utf-8", "method not allowed\n");
             return;
@@ -171,6 +175,10 @@ public final class PanelServer {
     }
 
     private void action(HttpExchange x) throws IOException {
+        if (!x.getRequestURI().getPath().equals("/api/action")) {
+            send(x, 404, "text/plain; charset=utf-8", "not found\n");
+            return;
+        }
         if (!x.getRequestMethod().equals("POST")) {
             send(x, 405, "text/plain; charset=utf-8", "method not allowed\n");
             return;

@@ -128,7 +128,7 @@ public final class ScanToEmailApp {
         @Override public void icCard(ICCardInfo info) {
             String id = info.getCardId();
             log.add("ICCard", id);
-            worker.submit(() -> loginCard(id));
+            submit(() -> loginCard(id));
         }
 
         @Override public void icCardError(int code) {
@@ -197,13 +197,13 @@ public final class ScanToEmailApp {
             if (key.equals("stop")) {
                 new Thread(ScanToEmailApp.this::cancelRunning, "stop-key").start();
             } else {
-                worker.submit(() -> onKey(key));
+                submit(() -> onKey(key));
             }
         }
 
         @Override public void autoReset() {
             log.add("AutoReset", "");
-            worker.submit(ScanToEmailApp.this::logout);
+            submit(ScanToEmailApp.this::logout);
         }
     };
 
