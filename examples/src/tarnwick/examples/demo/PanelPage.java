@@ -95,10 +95,13 @@ async function act(p){
   catch(e){say('panel: '+e,false)}
 }
 async function key(k){
-  const t0=performance.now();const r=await post({action:'key',key:k});const ms=performance.now()-t0;
+  const t0=performance.now();const click=performance.timeOrigin+t0;
+  const r=await post({action:'key',key:k});const ms=performance.now()-t0;
   if(!r.ok){say('key: '+r.error,false);return}
-  t('lastKey',k);t('keyLatency',r.keyLatencyMicros.toFixed(0)+' us (click to confirmed '+ms.toFixed(1)+' ms)');
+  const toListener=r.listenerEpochMs-click;
+  t('lastKey',k);t('keyLatency',toListener.toFixed(1)+' ms (device event to listener '+r.keyLatencyMicros.toFixed(0)+' us, confirmed after '+ms.toFixed(1)+' ms)');
   document.body.dataset.keyRoundTripMs=ms.toFixed(2);document.body.dataset.keyListenerUs=r.keyLatencyMicros.toFixed(1);
+  document.body.dataset.keyClickToListenerMs=toListener.toFixed(3);
   say('key '+k+': pressed',true);refresh();
 }
 async function search(){

@@ -36,6 +36,8 @@ public final class PanelServer {
 
     /** Starts on {@code port} (0: a free one); returns the port. */
     public int start(int port) throws IOException {
+        // Small answers go out at once rather than waiting for the browser's acknowledgement.
+        System.setProperty("sun.net.httpserver.nodelay", "true");
         server = HttpServer.create(new InetSocketAddress(InetAddress.getLoopbackAddress(), port), 16);
         server.createContext("/", this::page);
         server.createContext("/api/state", this::state);
@@ -217,6 +219,7 @@ public final class PanelServer {
                 String e = device.pressKey(need(p, "key", 20));
                 long lat = app.lastKeyLatencyNanos();
                 r.put("keyLatencyMicros", lat / 1000.0);
+                r.put("listenerEpochMs", app.lastKeyEpochMicros() / 1000.0);
                 return e;
             }
             case "card": return device.holdCard(need(p, "id", 32));

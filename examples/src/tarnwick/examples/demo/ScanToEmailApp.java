@@ -86,6 +86,7 @@ public final class ScanToEmailApp {
     private String reader = "";
     private volatile long keySentNanos;
     private volatile long lastKeyLatencyNanos = -1;
+    private volatile long lastKeyEpochMicros;
     private int scanPages = 3;
     private long copyRateBytesPerSecond;
 
@@ -191,6 +192,8 @@ public final class ScanToEmailApp {
         @Override public void applStart(long id) {
             long sent = keySentNanos;
             if (sent != 0) lastKeyLatencyNanos = System.nanoTime() - sent;
+            java.time.Instant now = java.time.Instant.now();
+            lastKeyEpochMicros = now.getEpochSecond() * 1_000_000L + now.getNano() / 1000;
             String key = keyName(id);
             log.add("Key", key + (sent != 0 ? String.format(" %.0fus", lastKeyLatencyNanos / 1000.0) : ""));
             // Stop must reach a job the application thread is busy following.
@@ -246,6 +249,11 @@ public final class ScanToEmailApp {
     /** Called just before a key event is raised, so the listener can tell how long it took. */
     public void markKeySent() {
         keySentNanos = System.nanoTime();
+    }
+
+    /** Wall-clock time (microseconds since 1970) of the last key listener call. */
+    public long lastKeyEpochMicros() {
+        return lastKeyEpochMicros;
     }
 
     public long lastKeyLatencyNanos() {
