@@ -4,6 +4,7 @@ set -euo pipefail
 packages=(
   cmake make g++ binutils swig openjdk-17-jdk-headless junit5 googletest libbenchmark-dev
   g++-powerpc-linux-gnu libc6-dev-powerpc-cross qemu-user clang libclang-rt-14-dev
+  chromium python3
 )
 missing=()
 for p in "${packages[@]}"; do
