@@ -8,11 +8,12 @@ shift 4
 [ $# -gt 0 ] || set -- --scan-class-path "${cp%%:*}"
 log=$(mktemp)
 trap 'rm -f "$log"' EXIT
+# TOVR_JVM_OPTIONS: further VM options of one test (word-split on purpose).
 # A sanitizer build names its runtime (and what must follow it) in TOVR_JVM_PRELOAD; only the
 # VM gets it.
 LD_LIBRARY_PATH="$libpath${LD_LIBRARY_PATH:+:$LD_LIBRARY_PATH}" \
   LD_PRELOAD="${TOVR_JVM_PRELOAD:-${LD_PRELOAD:-}}" \
-  "$java" -Xcheck:jni -Djava.library.path="$libpath" -jar "$console" \
+  "$java" -Xcheck:jni ${TOVR_JVM_OPTIONS:-} -Djava.library.path="$libpath" -jar "$console" \
   --class-path "$cp" --disable-banner --details=summary \
   --fail-if-no-tests "$@" 2>&1 | tee "$log"
 rc=${PIPESTATUS[0]}
