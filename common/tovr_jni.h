@@ -26,7 +26,7 @@ inline bool failed(JNIEnv* env) {
     return true;
 }
 
-// After a call into Java whose exception the design leaves for Java: true when one is pending.
+// After a call into Java whose exception is left for the Java caller: true when one is pending.
 // Nothing is cleared; the caller makes no further JNI call but returns.
 inline bool pending(JNIEnv* env) { return env->ExceptionCheck() == JNI_TRUE; }
 
