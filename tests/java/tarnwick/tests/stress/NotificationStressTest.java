@@ -12,6 +12,8 @@ import java.util.concurrent.CopyOnWriteArrayList;
 import java.util.concurrent.atomic.AtomicBoolean;
 import java.util.concurrent.atomic.AtomicLongArray;
 import org.junit.jupiter.api.Test;
+import tarnwick.address.SearchKey;
+import tarnwick.sim.SimAddressBook;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimFlood;
 import tarnwick.sim.SimJobs;
@@ -23,7 +25,14 @@ import tarnwick.zel.controller.event.proxy.JobInfoProxy;
 import tarnwick.zel.controller.event.proxy.JobProxy;
 import tarnwick.zel.controller.event.proxy.PanelProxy;
 import tarnwick.zel.controller.event.proxy.SynchronousEventProxy;
+import tarnwick.zel.wrapper.address.CMT_ADDRESSBOOKJNI;
+import tarnwick.zel.wrapper.appinfo.cmt_appinfoJNI;
+import tarnwick.zel.wrapper.device.attribute.CMT_ICCardJNI;
+import tarnwick.zel.wrapper.device.attribute.CMT_SystemInformationJNI;
 import tarnwick.zel.wrapper.event.ZELFNDEventJNI;
+import tarnwick.zel.wrapper.storage.CMT_StorageJNI;
+import tarnwick.zel.wrapper.user.ZELFNDUserJNI;
+import tarnwick.zel.wrapper.webservice.zel_fnd_webservice_moduleJNI;
 import tarnwick.zel.wrapper.job.zel_fnd_job_moduleJNI;
 import tarnwick.zel.wrapper.system.cmt_commonJNI;
 
@@ -149,6 +158,38 @@ class NotificationStressTest {
         ZELFNDEventJNI.zel_fnd_panel_proxy_request_set_value(panel, null, i, -i);
     }
 
+    // The operations of the device, user, storage and address modules, each through its facade.
+    // Only paths that release what they take: the address search matches the whole book (its
+    // no-match path keeps the key's characters, as the library must).
+    private static void modulesRound(int i) {
+        long info = CMT_SystemInformationJNI.new_CMT_System_Info();
+        CMT_SystemInformationJNI.CMT_System_Info_get_long_value(info, null, i & 0xFF);
+        CMT_SystemInformationJNI.CMT_System_Info_get_retcode(info, null);
+        CMT_SystemInformationJNI.delete_CMT_System_Info(info);
+        long app = cmt_appinfoJNI.new_cmt_appinfo_proxy();
+        cmt_appinfoJNI.cmt_appinfo_proxy_get_value(app, null, i & 0xFF);
+        cmt_appinfoJNI.delete_cmt_appinfo_proxy(app);
+        long web = zel_fnd_webservice_moduleJNI.new_zel_fnd_webservice_proxy();
+        // No host name: refused, so nothing stays reserved.
+        assertTrue(zel_fnd_webservice_moduleJNI.zel_fnd_webservice_proxy_reserve(web, null, 0, "") != 0);
+        zel_fnd_webservice_moduleJNI.delete_zel_fnd_webservice_proxy(web);
+        long card = CMT_ICCardJNI.new_CMT_Device_ICCard();
+        CMT_ICCardJNI.CMT_Device_ICCard_getReaderStatus(card, null);
+        CMT_ICCardJNI.delete_CMT_Device_ICCard(card);
+        long auth = ZELFNDUserJNI.new_zel_fnd_authentication();
+        long mode = ZELFNDUserJNI.new_ZEL_FND_AUTH_MODE();
+        ZELFNDUserJNI.zel_fnd_authentication_get_auth_mode(auth, null, mode, null);
+        ZELFNDUserJNI.delete_ZEL_FND_AUTH_MODE(mode);
+        ZELFNDUserJNI.delete_zel_fnd_authentication(auth);
+        CMT_StorageJNI.CMT_StorageIO_existfile(2, "stress-" + (i & 7));
+        long book = CMT_ADDRESSBOOKJNI.new_cmt_address_book();
+        Object[] found = CMT_ADDRESSBOOKJNI.cmt_address_book_search_address(book, null, 1, new SearchKey(""));
+        assertEquals(ADDRESSES, found == null ? -1 : found.length);
+        CMT_ADDRESSBOOKJNI.delete_cmt_address_book(book);
+    }
+
+    private static final int ADDRESSES = 3;
+
     /** Runs the four workers until `stop`; returns the rounds each made. */
     private List<Thread> startWorkers(AtomicBoolean stop, long[] rounds, ModuleRecords records) {
         List<Thread> workers = new ArrayList<>();
@@ -167,6 +208,7 @@ class NotificationStressTest {
                             default: panelRound(panel, i); break;
                         }
                         if (i % 16 == kind) records.round(i);
+                        if (i % 16 == kind + 4) modulesRound(i);
                         // The simulated device records every facade call; keep that record short.
                         if (kind == 3 && i % 512 == 0) SimDevice.clearCalls();
                         rounds[kind]++;
@@ -230,6 +272,8 @@ class NotificationStressTest {
         final long perThread = Math.max(1, total / (SimFlood.FACADES * THREADS_PER_FACADE));
         SimDevice.reset();
         SimJobs.reset();
+        SimAddressBook.reset();
+        SimAddressBook.generate(ADDRESSES, 1);
         removeListeners();
         listen();
         assertEquals(0, cmt_commonJNI.cmt_init_init());
