@@ -27,11 +27,11 @@ add_dependencies(tovr_jar tovrCMT)
 
 if(TOVR_PLATFORM STREQUAL "host")
   set(TOVR_SIM_JAR ${CMAKE_BINARY_DIR}/java/tovrsim.jar)
-  file(GLOB_RECURSE sim_java_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/platform/sim/java/*.java)
+  file(GLOB_RECURSE sim_java_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/platform/sim/*.java)
   add_custom_command(
     OUTPUT ${TOVR_SIM_JAR}
     COMMAND ${TOVR_JAVAC_JAR} -MF ${TOVR_SIM_JAR}.d ${JAVAC_EXECUTABLE} ${JAR_EXECUTABLE} ${TOVR_SIM_JAR} ${TOVR_JAR}
-            ${CMAKE_SOURCE_DIR}/platform/sim/java
+            ${CMAKE_SOURCE_DIR}/platform/sim
     # tovrCMT.jar comes in through the dependency file (its class path).
     DEPENDS ${sim_java_sources} ${TOVR_JAVAC_JAR}
     DEPFILE ${TOVR_SIM_JAR}.d
@@ -43,7 +43,7 @@ if(TOVR_PLATFORM STREQUAL "host")
   add_dependencies(tovr_sim_jar tovr_jar)
 
   # JNI side of the control classes: test and tool code, never part of libtovrCMT.so.
-  file(GLOB sim_jni_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/platform/sim/jni/*.cpp)
+  file(GLOB_RECURSE sim_jni_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/platform/sim/*_jni.cpp)
   add_library(tovrsimctl SHARED ${sim_jni_sources})
   target_include_directories(tovrsimctl PRIVATE ${TOVR_JNI_INCLUDE_DIRS} ${CMAKE_SOURCE_DIR}/common)
   target_link_libraries(tovrsimctl PRIVATE tovrsim)

@@ -217,7 +217,7 @@ TEST_F(AddressSim, TheSampleBookLoads) {
     std::string source = __FILE__;
     source = source.substr(0, source.rfind("tests/native/"));
     std::string error;
-    ASSERT_EQ(3, tovr_sim::load_address_book(source + "platform/sim/data/address_book_sample.txt", &error)) << error;
+    ASSERT_EQ(3, tovr_sim::load_address_book(source + "platform/sim/address/address_book_sample.txt", &error)) << error;
     ESV_ZEL_PERSONAL_ADDRESS a = tovr_sim::address_at(0);
     EXPECT_STREQ("Anna Berg", a.name_info.name);
     EXPECT_STREQ("MFP\\anna", a.smb_info.smb_login);
