@@ -1,0 +1,106 @@
+package tarnwick.tests.support;
+
+import java.util.ArrayList;
+import java.util.Arrays;
+import java.util.List;
+import java.util.regex.Matcher;
+import java.util.regex.Pattern;
+import org.junit.jupiter.api.extension.BeforeAllCallback;
+import org.junit.jupiter.api.extension.BeforeEachCallback;
+import org.junit.jupiter.api.extension.ExtensionContext;
+import tarnwick.sim.SimAddressBook;
+import tarnwick.sim.SimDevice;
+import tarnwick.sim.SimEvents;
+import tarnwick.sim.SimJobs;
+import tarnwick.sim.SimStorage;
+import tarnwick.sim.SimSystem;
+import tarnwick.sim.SimUsers;
+import tarnwick.zel.wrapper.system.cmt_commonJNI;
+
+/**
+ * The set-up every test on the simulated device shares: the library loaded once per VM and
+ * started as an application starts it ({@code cmt_init.init()}), and before each test a device in
+ * its initial state (every service reset, no forcings, no calls, an empty trace).
+ *
+ * <pre>
+ * &#64;RegisterExtension
+ * static final SimDeviceExtension device = new SimDeviceExtension();
+ * ...
+ * assertEquals(List.of("3 login,[Start], cert_id=[0]"), SimDeviceExtension.trace("zel_fnd_authentication"));
+ * </pre>
+ */
+public final class SimDeviceExtension implements BeforeAllCallback, BeforeEachCallback {
+    private static final Pattern LINE = Pattern.compile("^(\\d+) (\\w+)\\[\\d{4,}\\]::(.*)$");
+    private static boolean loaded;
+
+    private final boolean init;
+
+    /** A started library and a fresh device before each test. */
+    public SimDeviceExtension() {
+        this(true);
+    }
+
+    /** {@code init} false: the library is loaded but {@code cmt_init.init()} is not called. */
+    public SimDeviceExtension(boolean init) {
+        this.init = init;
+    }
+
+    /** A started library and a fresh device now, for set-up that does not run under JUnit. */
+    public static void start() {
+        load();
+        cmt_commonJNI.cmt_init_init();
+        reset();
+    }
+
+    /** Loads the library once per VM. */
+    public static synchronized void load() {
+        if (loaded) return;
+        System.loadLibrary("tovrCMT");
+        loaded = true;
+    }
+
+    /** Every simulated service back to its initial state; no forcings, calls or trace. */
+    public static void reset() {
+        SimDevice.reset();
+        SimEvents.failAttach(0);
+        SimSystem.reset();
+        SimJobs.reset();
+        SimUsers.reset();
+        SimStorage.reset();
+        SimStorage.boxReset();
+        SimAddressBook.reset();
+        SimDevice.clearTrace();
+        SimDevice.clearCalls();
+    }
+
+    @Override
+    public void beforeAll(ExtensionContext context) {
+        load();
+        if (init) cmt_commonJNI.cmt_init_init();
+    }
+
+    @Override
+    public void beforeEach(ExtensionContext context) {
+        reset();
+    }
+
+    /** The trace lines of one source module as "level operation,message" (module and source line left out). */
+    public static List<String> trace(String module) {
+        List<String> out = new ArrayList<>();
+        for (String line : SimDevice.traceLines()) {
+            Matcher m = LINE.matcher(line);
+            if (m.matches() && m.group(2).equals(module)) out.add(m.group(1) + " " + m.group(3));
+        }
+        return out;
+    }
+
+    /** What the library asked of a facade operation since the last reset, one entry a call. */
+    public static List<String> calls(String op) {
+        return Arrays.asList(SimDevice.calls(op));
+    }
+
+    /** {@code n} times the character {@code c}. */
+    public static String repeat(char c, int n) {
+        return String.valueOf(c).repeat(n);
+    }
+}

@@ -1,0 +1,101 @@
+// The one-per-Java-class holder against the real VM of this process (created by
+// cjvm_jvm_test.cpp's environment, with -Xcheck:jni on).
+#include "tovr_jni_class.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+#include <vector>
+
+#include "CJvm.h"
+#include "tovr_jni.h"
+
+namespace jni = tarnwick::jni;
+
+namespace {
+
+JNIEnv* env_of_this_thread() {
+    JavaVM* vm = nullptr;
+    jsize count = 0;
+    if (JNI_GetCreatedJavaVMs(&vm, 1, &count) != JNI_OK || count != 1) return nullptr;
+    JNIEnv* env = nullptr;
+    if (vm->GetEnv(reinterpret_cast<void**>(&env), tarnwick::kJniVersion) != JNI_OK) return nullptr;
+    return env;
+}
+
+const jni::Member kPortalMembers[] = {
+    {jni::Member::kConstructor, "<init>", "()V"},
+    {jni::Member::kField, "name", "Ljava/lang/String;"},
+    {jni::Member::kField, "missing", "I"},
+    {jni::Member::kStaticMethod, "twice", "(I)I"},
+    {jni::Member::kStaticField, "throwOnCreate", "Z"},
+};
+enum { kInit, kName, kMissing, kTwice, kThrowOnCreate };
+
+}  // namespace
+
+TEST(JavaClassJvm, MembersAreLookedUpOnceAndAMissingOneStaysNull) {
+    JNIEnv* env = env_of_this_thread();
+    ASSERT_NE(nullptr, env);
+    jni::JavaClass portal("tovrtest/Portal", kPortalMembers);
+    EXPECT_EQ(nullptr, portal.method(kInit));  // nothing before the first use
+    jclass cls = portal.get(env);
+    ASSERT_NE(nullptr, cls);
+    EXPECT_FALSE(env->ExceptionCheck());  // the missing field's error was cleared
+    EXPECT_EQ(JNIGlobalRefType, env->GetObjectRefType(cls));
+    EXPECT_EQ(cls, portal.get(env));  // the same reference, not a second lookup
+    EXPECT_NE(nullptr, portal.field(kName));
+    EXPECT_EQ(nullptr, portal.field(kMissing));
+    EXPECT_EQ(nullptr, portal.field(99));
+    EXPECT_EQ(14, env->CallStaticIntMethod(cls, portal.method(kTwice), 7));
+
+    jni::LocalRef<jobject> obj(env, portal.create(env));
+    ASSERT_TRUE(obj);
+    EXPECT_TRUE(env->IsInstanceOf(obj.get(), cls));
+}
+
+TEST(JavaClassJvm, AConstructorThatThrowsLeavesItsExceptionPending) {
+    JNIEnv* env = env_of_this_thread();
+    ASSERT_NE(nullptr, env);
+    jni::JavaClass portal("tovrtest/Portal", kPortalMembers);
+    jclass cls = portal.get(env);
+    ASSERT_NE(nullptr, cls);
+    env->SetStaticBooleanField(cls, portal.field(kThrowOnCreate), JNI_TRUE);
+    jobject obj = portal.create(env);
+    EXPECT_EQ(nullptr, obj);
+    EXPECT_TRUE(env->ExceptionCheck());
+    env->ExceptionClear();
+    env->SetStaticBooleanField(cls, portal.field(kThrowOnCreate), JNI_FALSE);
+}
+
+TEST(JavaClassJvm, AMissingClassIsLookedForAgainAndCreatesNothing) {
+    JNIEnv* env = env_of_this_thread();
+    ASSERT_NE(nullptr, env);
+    const jni::Member members[] = {{jni::Member::kConstructor, "<init>", "()V"}};
+    jni::JavaClass portal("tovrtest/NoSuchClass", members);
+    EXPECT_EQ(nullptr, portal.get(env));
+    EXPECT_FALSE(env->ExceptionCheck());
+    EXPECT_EQ(nullptr, portal.create(env));
+    EXPECT_FALSE(env->ExceptionCheck());
+    EXPECT_EQ(nullptr, portal.method(0));
+}
+
+TEST(JavaClassJvm, ThreadsThatMeetAtTheFirstUseSeeOneClass) {
+    JavaVM* vm = nullptr;
+    jsize count = 0;
+    ASSERT_EQ(JNI_OK, JNI_GetCreatedJavaVMs(&vm, 1, &count));
+    jni::JavaClass portal("tovrtest/Portal", kPortalMembers);
+    std::vector<jclass> seen(8, nullptr);
+    std::vector<std::thread> threads;
+    for (std::size_t i = 0; i < seen.size(); ++i) {
+        threads.emplace_back([&, i] {
+            jni::AttachScope scope(vm);
+            if (scope.env() == nullptr) return;
+            seen[i] = portal.get(scope.env());
+            if (portal.field(kName) == nullptr) seen[i] = nullptr;
+        });
+    }
+    for (std::thread& t : threads) t.join();
+    for (jclass c : seen) EXPECT_EQ(seen[0], c);
+    EXPECT_NE(nullptr, seen[0]);
+}
