@@ -8,12 +8,15 @@ shift 4
 [ $# -gt 0 ] || set -- --scan-class-path "${cp%%:*}"
 log=$(mktemp)
 trap 'rm -f "$log"' EXIT
+# The quick compiler alone, one collector thread and no performance-data file: a test class's
+# VM lives for seconds, and these halve the CPU time it spends on itself.
 # TOVR_JVM_OPTIONS: further VM options of one test (word-split on purpose).
 # A sanitizer build names its runtime (and what must follow it) in TOVR_JVM_PRELOAD; only the
 # VM gets it.
 LD_LIBRARY_PATH="$libpath${LD_LIBRARY_PATH:+:$LD_LIBRARY_PATH}" \
   LD_PRELOAD="${TOVR_JVM_PRELOAD:-${LD_PRELOAD:-}}" \
-  "$java" -Xcheck:jni ${TOVR_JVM_OPTIONS:-} -Djava.library.path="$libpath" -jar "$console" \
+  "$java" -Xcheck:jni -XX:TieredStopAtLevel=1 -XX:+UseSerialGC -XX:-UsePerfData ${TOVR_JVM_OPTIONS:-} \
+  -Djava.library.path="$libpath" -jar "$console" \
   --class-path "$cp" --disable-banner --details=summary \
   --fail-if-no-tests "$@" 2>&1 | tee "$log"
 rc=${PIPESTATUS[0]}
