@@ -4,11 +4,13 @@
 # modules whose interface file includes that header (directly or through a shared interface
 # piece), found here from the interface files themselves; the jar must follow. A rebuild
 # without changes must run nothing.
-# usage: check-stale-build.sh SOURCE_DIR SCRATCH_DIR [JOBS]
+# usage: check-stale-build.sh SOURCE_DIR SCRATCH_DIR [JOBS] [GENERATOR]
+# (GENERATOR: a CMake generator, default CMake's own: Unix Makefiles.)
 set -euo pipefail
 root=$(cd "$1" && pwd)
 scratch=$2
 jobs=${3:-2}
+generator=${4:-}
 rm -rf "$scratch"
 mkdir -p "$scratch/src"
 scratch=$(cd "$scratch" && pwd)
@@ -21,7 +23,7 @@ for entry in "$root"/* "$root"/.[!.]*; do
   cp -a "$entry" "$src/"
 done
 # Only what the check needs: the jar target runs SWIG and javac, and compiles no C++.
-cmake -S "$src" -B "$bin" ${TOVR_STALE_GENERATOR:+-G "$TOVR_STALE_GENERATOR"} -DTOVR_BUILD_TESTS=OFF \
+cmake -S "$src" -B "$bin" ${generator:+-G "$generator"} -DTOVR_BUILD_TESTS=OFF \
   -DTOVR_BUILD_BENCH=OFF -DTOVR_BUILD_FUZZ=OFF -DTOVR_BUILD_JAVA=ON >"$scratch/configure.log" 2>&1 ||
   { tail -30 "$scratch/configure.log"; exit 1; }
 build() {  # log file
