@@ -10,8 +10,12 @@
 # class path, so a jar follows generated sources (known only after generation) and the jars it
 # was compiled against. The class path jars are therefore never listed as DEPENDS: under the
 # Makefile generator a file made in the same folder would copy its rule into this target and
-# run it twice at once; the first build is ordered by AFTER instead. Source folders of the
-# source tree are also globbed, so that a new file reconfigures and remakes the jar.
+# run it twice at once; the first build is ordered by AFTER instead. Generated sources need one
+# more thing: Ninja decides what is out of date before it runs anything, and a file that no rule
+# declares (a generated class) is seen as it was then; so a jar of generated classes lists in
+# DEPENDS a file that their generator declares and rewrites with them (SWIG's wrapper source),
+# made by a target in AFTER. Source folders of the source tree are globbed, so that a new file
+# reconfigures and remakes the jar.
 function(tovr_add_jar target jar)
   cmake_parse_arguments(PARSE_ARGV 2 arg "NOT_ALL" "" "SOURCES;CLASSPATH;DEPENDS;AFTER")
   set(sources)

@@ -9,10 +9,12 @@ include(${CMAKE_SOURCE_DIR}/cmake/TovrJar.cmake)
 
 # Every jar is made by tovr_add_jar (TovrJar.cmake). tovrCMT.jar: SWIG's module classes (made by
 # tovr_wrappers, so the jar needs none of the C++ compiled) and the host framework classes; the
-# module list changes when a module comes or goes.
+# module list changes when a module comes or goes. The jar also depends on the wrapper sources,
+# which each SWIG run rewrites with its classes: Ninja decides what is out of date before the
+# build starts, from files it knows to be made, and a module's classes are not among them.
 set(TOVR_JAR ${CMAKE_BINARY_DIR}/java/tovrCMT.jar)
 tovr_add_jar(tovr_jar ${TOVR_JAR} SOURCES ${TOVR_MODULE_JAVA_DIRS} ${CMAKE_SOURCE_DIR}/java/src
-  DEPENDS ${TOVR_MODULE_LIST} AFTER tovr_wrappers)
+  DEPENDS ${TOVR_MODULE_LIST} ${TOVR_WRAPPER_SOURCES} AFTER tovr_wrappers)
 
 if(TOVR_PLATFORM STREQUAL "host")
   set(TOVR_SIM_JAR ${CMAKE_BINARY_DIR}/java/tovrsim.jar)
