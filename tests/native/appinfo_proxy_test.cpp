@@ -6,19 +6,19 @@
 #include <vector>
 
 #include "cmt_appinfo_proxy.h"
-#include "device_test_util.h"
+#include "sim_fixture.h"
+#include "tovr_sim_device.h"
+#include "tovr_sim_job.h"
 
-using device_test::args_of;
+using sim_test::args_of;
 using tarnwick::cmt_appinfo_proxy;
 
 namespace {
 
 const ESV_ZEL_ENTKEY kKey = static_cast<ESV_ZEL_ENTKEY>(17);
 
-class AppInfo : public ::testing::Test {
+class AppInfo : public sim_test::SimDeviceTest {
 protected:
-    void SetUp() override { device_test::reset_device(); }
-    void TearDown() override { device_test::reset_device(); }
     cmt_appinfo_proxy proxy;
 };
 
@@ -31,7 +31,7 @@ TEST_F(AppInfo, SetValueGivesTheFacadeCodeUnchanged) {
     EXPECT_EQ(0x04010501, proxy.set_value(kKey, 1));
     tovr_sim::force_result("esv_zel_systeminfo_set_value", 0x04010599);
     EXPECT_EQ(0x04010599, proxy.set_value(static_cast<ESV_ZEL_ENTKEY>(1), 1));
-    EXPECT_TRUE(device_test::lines_of("cmt_appinfo_proxy").empty());
+    EXPECT_TRUE(sim_test::lines_of("cmt_appinfo_proxy").empty());
 }
 
 TEST_F(AppInfo, RejectedKeyReadsAsZeroLikeAZeroValue) {

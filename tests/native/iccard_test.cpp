@@ -10,26 +10,24 @@
 #include <vector>
 
 #include "cmt_device_iccard.h"
-#include "device_test_util.h"
+#include "sim_fixture.h"
+#include "tovr_sim_device.h"
+#include "tovr_sim_job.h"
 
-using device_test::args_of;
-using device_test::Line;
+using sim_test::args_of;
+using sim_test::Line;
 using tarnwick::CMT_Device_ICCard;
 
 namespace {
 
-std::vector<Line> lines() { return device_test::lines_of("cmt_device_iccard"); }
+std::vector<Line> lines() { return sim_test::lines_of("cmt_device_iccard"); }
 
 ESV_ZEL_ACC_FELICA_SETTING_INFO felica(const char* sys, const char* s1, const char* s2, unsigned char b1,
                                        unsigned char b2) {
     return ESV_ZEL_ACC_FELICA_SETTING_INFO{sys, s1, s2, b1, b2};
 }
 
-class ICCard : public ::testing::Test {
-protected:
-    void SetUp() override { device_test::reset_device(); }
-    void TearDown() override { device_test::reset_device(); }
-};
+class ICCard : public sim_test::SimDeviceTest {};
 
 TEST_F(ICCard, Constants) {
     EXPECT_EQ(-1, CMT_Device_ICCard::READER_UNKNOWN);

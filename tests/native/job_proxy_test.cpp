@@ -11,21 +11,20 @@
 
 #include "CJvm.h"
 #include "fake_jvm.h"
-#include "job_test_util.h"
+#include "sim_fixture.h"
+#include "tovr_sim_job.h"
 #include "zel_fnd_job_proxy.h"
 
-using job_test::Line;
-using job_test::lines_of;
+using sim_test::Line;
+using sim_test::lines_of;
 using tarnwick::zel_fnd_job_proxy;
 
 namespace {
 
 std::vector<Line> proxy_lines() { return lines_of("zel_fnd_job_proxy"); }
 
-class JobProxy : public ::testing::Test {
+class JobProxy : public sim_test::SimDeviceTest {
 protected:
-    void SetUp() override { job_test::reset_device(); }
-    void TearDown() override { job_test::reset_device(); }
     zel_fnd_job_proxy proxy;
 };
 
@@ -276,7 +275,7 @@ TEST_F(JobProxy, EntryAndExitTraces) {
          {"combine_document,[Start]. current_id = [3].", "combine_document,[End]"}},
     };
     for (const Case& c : cases) {
-        job_test::reset_device();
+        sim_test::reset_device();
         tovr_sim::force_result(c.op, 0x04010006);  // answered by the facade, nothing written
         EXPECT_EQ(6, c.call(proxy)) << c.op;
         std::vector<Line> expected;

@@ -8,25 +8,25 @@
 #include <vector>
 
 #include "cmt_system_info.h"
-#include "device_test_util.h"
+#include "sim_fixture.h"
+#include "tovr_sim_device.h"
+#include "tovr_sim_job.h"
 #include "tovr_sim_events.h"
 
-using device_test::args_of;
-using device_test::Line;
+using sim_test::args_of;
+using sim_test::Line;
 using tarnwick::CMT_System_Info;
 
 namespace {
 
-std::vector<Line> lines() { return device_test::lines_of("cmt_system_info"); }
+std::vector<Line> lines() { return sim_test::lines_of("cmt_system_info"); }
 
 Line conv(const char* message) { return Line{3, std::string("convert_retcode,") + message}; }
 
 const ESV_ZEL_ENTKEY kKey = static_cast<ESV_ZEL_ENTKEY>(41);
 
-class SystemInfo : public ::testing::Test {
+class SystemInfo : public sim_test::SimDeviceTest {
 protected:
-    void SetUp() override { device_test::reset_device(); }
-    void TearDown() override { device_test::reset_device(); }
     CMT_System_Info info;
 };
 
