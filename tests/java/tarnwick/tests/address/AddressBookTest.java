@@ -17,25 +17,20 @@ import static tarnwick.tests.address.AddressFixture.trace;
 import java.util.ArrayList;
 import java.util.Arrays;
 import java.util.List;
-import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import org.junit.jupiter.params.ParameterizedTest;
 import org.junit.jupiter.params.provider.ValueSource;
 import tarnwick.address.SearchKey;
 import tarnwick.sim.SimAddressBook;
 import tarnwick.sim.SimDevice;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.address.PersonalAddressImpl;
 
 /** Searches of personal addresses through the address-book module, on the simulated book. */
 class AddressBookTest {
-    static {
-        AddressFixture.load(true);
-    }
-
-    @BeforeEach
-    void fresh() {
-        AddressFixture.fresh();
-    }
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension();
 
     private static void assertNothingOpen() {
         assertEquals(0, SimDevice.openResources(SimAddressBook.SEARCH), "open searches");

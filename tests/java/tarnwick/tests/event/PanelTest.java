@@ -7,12 +7,17 @@ import java.util.List;
 import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimDevice;
-import tarnwick.sim.SimEvents;
+import tarnwick.sim.SimPanel;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.wrapper.event.ZELFNDEventJNI;
 
 /** The panel observer and the panel proxy. */
 class PanelTest {
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension(false);
+
     private static final String OBS = "zel_fnd_panel_observer";
     private static final String PROXY = "zel_fnd_panel_proxy";
     private static final long[] OK = {0L};
@@ -33,9 +38,9 @@ class PanelTest {
 
     @Test
     void keyEventIdIsZeroExtendedAndTheKindIsDropped() {
-        assertArrayEquals(OK, SimEvents.keyEvent(0xFFFFFFFFL, 0));
-        assertArrayEquals(OK, SimEvents.keyEvent(0xFFFFFFFFL, 1));
-        assertArrayEquals(OK, SimEvents.keyEvent(0xFFFFFFFFL, 77));
+        assertArrayEquals(OK, SimPanel.keyEvent(0xFFFFFFFFL, 0));
+        assertArrayEquals(OK, SimPanel.keyEvent(0xFFFFFFFFL, 1));
+        assertArrayEquals(OK, SimPanel.keyEvent(0xFFFFFFFFL, 77));
         assertEquals(List.of("applStart 4294967295", "applStart 4294967295", "applStart 4294967295"), f.events);
         assertEquals(List.of("3 notify_key_event,[Start]", "3 notify_key_event,[End]", "3 notify_key_event,[Start]",
                 "3 notify_key_event,[End]", "3 notify_key_event,[Start]", "3 notify_key_event,[End]"), EventFixture.trace(OBS));
@@ -43,15 +48,15 @@ class PanelTest {
 
     @Test
     void autoReset() {
-        assertArrayEquals(OK, SimEvents.autoPanelReset());
+        assertArrayEquals(OK, SimPanel.autoPanelReset());
         assertEquals(List.of("autoReset"), f.events);
     }
 
     @Test
     void attachFailureAnswers0x04010706() {
-        SimEvents.failAttach(2);
-        assertArrayEquals(new long[] {0x04010706L}, SimEvents.keyEvent(1, 0));
-        assertArrayEquals(new long[] {0x04010706L}, SimEvents.autoPanelReset());
+        SimDevice.failAttach(2);
+        assertArrayEquals(new long[] {0x04010706L}, SimPanel.keyEvent(1, 0));
+        assertArrayEquals(new long[] {0x04010706L}, SimPanel.autoPanelReset());
         assertEquals(List.of(), f.events);
         assertEquals(List.of(), EventFixture.trace(OBS));
     }
@@ -59,7 +64,7 @@ class PanelTest {
     @Test
     void aThrowingListenerLeavesTheAnswerAt0() {
         f.throwFromListeners = new IllegalStateException("listener failed");
-        assertArrayEquals(OK, SimEvents.autoPanelReset());
+        assertArrayEquals(OK, SimPanel.autoPanelReset());
         f.throwFromListeners = null;
         assertEquals(List.of("3 notify_auto_panel_reset,[Start]", "3 notify_auto_panel_reset,[End]"), EventFixture.trace(OBS));
     }

@@ -19,12 +19,17 @@ import java.util.stream.Stream;
 import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import org.junit.jupiter.api.function.Executable;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimStorage;
+import tarnwick.tests.support.SimDeviceExtension;
 
 /** Calls an application should not make: the storage module answers each without harm. */
 class CMT_StorageHostileTest {
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension(false);
+
     private StorageFixture f;
 
     @BeforeEach

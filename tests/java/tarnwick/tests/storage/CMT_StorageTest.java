@@ -16,14 +16,19 @@ import java.util.List;
 import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimStorage;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.controller.event.proxy.CommonProxy;
 import tarnwick.zel.wrapper.event.ZELFNDEventJNI;
 import tarnwick.zel.wrapper.system.cmt_commonJNI;
 
 /** The storage module on the simulated drives: translations, result folding, files and directories. */
 class CMT_StorageTest {
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension(false);
+
     private StorageFixture f;
 
     static final int HDD = 0;       // drive 2

@@ -5,24 +5,19 @@ import static org.junit.jupiter.api.Assertions.assertEquals;
 import java.io.IOException;
 import java.nio.file.Files;
 import java.nio.file.Path;
+import tarnwick.sim.SimBox;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimStorage;
 
 /** Drives of a test in temporary folders of its own; after each test nothing may be left open. */
 final class StorageFixture implements AutoCloseable {
-    static {
-        System.loadLibrary("tovrCMT");
-    }
-
     final Path root;
     final Path hdd;
     final Path usb0;
     final Path usb1;
 
+    /** On a fresh device (SimDeviceExtension). */
     StorageFixture() throws IOException {
-        SimStorage.reset();
-        SimStorage.boxReset();
-        SimDevice.reset();
         root = Files.createTempDirectory("tovr-storage-");
         usb0 = Files.createDirectories(root.resolve("usb0"));
         usb1 = Files.createDirectories(root.resolve("usb1"));
@@ -31,7 +26,6 @@ final class StorageFixture implements AutoCloseable {
         SimStorage.setFolder(1, usb1.toString());
         SimStorage.setFolder(2, hdd.toString());
         SimDevice.clearCalls();
-        SimDevice.clearTrace();
     }
 
     /** Asserts that no handle, listing or platform block is open, then resets and deletes the folders. */
@@ -40,11 +34,9 @@ final class StorageFixture implements AutoCloseable {
         try {
             assertEquals(0, SimDevice.openResources(SimStorage.FILE_HANDLE), "file handles left open");
             assertEquals(0, SimDevice.openResources(SimStorage.DIRECTORY_HANDLE), "directory handles left open");
-            assertEquals(0, SimDevice.openResources(SimStorage.BOX_LISTING), "box listings left open");
+            assertEquals(0, SimDevice.openResources(SimBox.LISTING), "box listings left open");
             assertEquals(0, SimDevice.openResources("platform block"), "platform blocks left");
         } finally {
-            SimStorage.reset();
-            SimStorage.boxReset();
             SimDevice.reset();
             deleteTree(root);
         }

@@ -9,28 +9,30 @@ import java.util.List;
 import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimUsers;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.wrapper.user.ESV_ZEL_USER_AUTHMODE;
 import tarnwick.zel.wrapper.user.ESV_ZEL_USER_USERKIND;
 import tarnwick.zel.wrapper.user.ZELFNDUserJNI;
 
 /** Logins, logouts, modes and rights through the user module, on the simulated device. */
 class AuthenticationTest {
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension();
+
     private static final String M = "zel_fnd_authentication";
     private long auth;
     private long cert;
 
     @BeforeEach
     void start() {
-        UserFixture.reset();
         SimUsers.addLocalUser("alice", "secret", "Alice Archer", "alice@example.com", 1, 25, 3, "arisu",
                 "0123456789ABCDEF", "");
         SimUsers.addLocalUser("bob", "pw", "Bob", "bob@corp", 0, 0, 0, "", "", "corp");
         auth = ZELFNDUserJNI.new_zel_fnd_authentication();
         cert = ZELFNDUserJNI.new_ZEL_FND_CERTIFICATE_ID();
-        SimDevice.clearTrace();
-        SimDevice.clearCalls();
     }
 
     @AfterEach
