@@ -169,30 +169,31 @@ void write_output(const std::string& op, const Params& params, const Output& o) 
 
 }  // namespace
 
-Output output_number(int index, const std::string& kind, long long number, std::size_t offset) {
+namespace {
+Output output_of(int index, const std::string& kind, std::size_t offset) {
     Output o;
     o.index = index;
     o.offset = offset;
     o.kind = kind;
+    return o;
+}
+}  // namespace
+
+Output output_number(int index, const std::string& kind, long long number, std::size_t offset) {
+    Output o = output_of(index, kind, offset);
     o.number = number;
     return o;
 }
 
 Output output_text(int index, const std::string& kind, const std::string& text, std::size_t offset) {
-    Output o;
-    o.index = index;
-    o.offset = offset;
-    o.kind = kind;
+    Output o = output_of(index, kind, offset);
     o.text = text;
     return o;
 }
 
 Output output_bytes(int index, const std::string& kind, const std::vector<unsigned char>& bytes,
                     std::size_t offset) {
-    Output o;
-    o.index = index;
-    o.offset = offset;
-    o.kind = kind;
+    Output o = output_of(index, kind, offset);
     o.bytes = bytes;
     return o;
 }

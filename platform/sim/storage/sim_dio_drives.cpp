@@ -6,17 +6,6 @@
 // Large-file interfaces on 32-bit hosts too: a 32-bit readdir fails on folders whose entry
 // offsets do not fit (ext4 hashes under qemu-ppc).
 #define _FILE_OFFSET_BITS 64
-#include <fcntl.h>
-#include <limits.h>
-#include <stdlib.h>
-#include <sys/stat.h>
-#include <sys/types.h>
-#include <unistd.h>
-
-#include <cerrno>
-#include <cstdlib>
-#include <cstring>
-
 #include "sim_dio_internal.h"
 
 #ifndef TOVR_SIM_STORAGE_ROOT

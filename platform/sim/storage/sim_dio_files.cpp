@@ -1,27 +1,10 @@
 // Simulated disk I/O library, its functions on open files: sizes and positions are 32-bit
 // values, read-only is enforced.
 #define _FILE_OFFSET_BITS 64
-#include <dirent.h>
-#include <fcntl.h>
-#include <limits.h>
-#include <stdlib.h>
-#include <sys/stat.h>
-#include <sys/types.h>
-#include <unistd.h>
-
-#include <algorithm>
-#include <cerrno>
-#include <cstring>
-
 #include "sim_dio_internal.h"
 
-using tovr_sim::dio::OpenDir;
-using tovr_sim::dio::OpenFile;
-using tovr_sim::dio::Storage;
-using tovr_sim::dio::Where;
-using tovr_sim::dio::from_errno;
-using tovr_sim::dio::resolve;
-using tovr_sim::dio::storage;
+// The functions of the library work on the drive model directly.
+using namespace tovr_sim::dio;
 
 extern "C" {
 

@@ -9,9 +9,17 @@
 #error "define _FILE_OFFSET_BITS 64 before any include"
 #endif
 
+#include <fcntl.h>
+#include <limits.h>
+#include <stdlib.h>
 #include <sys/stat.h>
+#include <sys/types.h>
+#include <unistd.h>
 
+#include <algorithm>
+#include <cerrno>
 #include <cstdint>
+#include <cstring>
 #include <map>
 #include <mutex>
 #include <string>

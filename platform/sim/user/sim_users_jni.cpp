@@ -28,6 +28,16 @@ jintArray ints(JNIEnv* env, const std::int32_t* v, std::size_t n) {
     return out;
 }
 
+// The fields a user list shows of a user.
+tovr_sim::SimUser listed_user(JNIEnv* env, jstring login, jstring name, jstring email, jint rights) {
+    tovr_sim::SimUser u;
+    u.login_name = text(env, login);
+    u.user_name = text(env, name);
+    u.email = text(env, email);
+    u.rights = rights;
+    return u;
+}
+
 }  // namespace
 
 extern "C" {
@@ -114,11 +124,7 @@ JNIEXPORT void JNICALL Java_tarnwick_sim_SimUsers_forceUserInfoOutput(JNIEnv* en
                                                                        jstring login, jstring name, jstring email,
                                                                        jint rights, jlong job_limit, jint dept_id,
                                                                        jstring kana, jint times) {
-    tovr_sim::SimUser u;
-    u.login_name = text(env, login);
-    u.user_name = text(env, name);
-    u.email = text(env, email);
-    u.rights = rights;
+    tovr_sim::SimUser u = listed_user(env, login, name, email, rights);
     u.job_limit = static_cast<std::uint32_t>(job_limit);
     u.dept_id = static_cast<std::uint16_t>(dept_id);
     u.kana = text(env, kana);
@@ -139,12 +145,7 @@ JNIEXPORT void JNICALL Java_tarnwick_sim_SimUsers_forceListFetchOutput(JNIEnv* e
         tovr_sim::force_list_fetch_output(static_cast<long>(result), static_cast<unsigned int>(get_num), nullptr, times);
         return;
     }
-    tovr_sim::SimUser u;
-    u.login_name = text(env, login);
-    u.user_name = text(env, name);
-    u.email = text(env, email);
-    u.rights = rights;
-    const ESV_ZEL_USERINFO_RECORD r = tovr_sim::userinfo_record(0, u);
+    const ESV_ZEL_USERINFO_RECORD r = tovr_sim::userinfo_record(0, listed_user(env, login, name, email, rights));
     tovr_sim::force_list_fetch_output(static_cast<long>(result), static_cast<unsigned int>(get_num), &r, times);
 }
 
