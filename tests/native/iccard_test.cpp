@@ -60,10 +60,8 @@ TEST_F(ICCard, FailedReaderInfoLeavesTheFields) {
     tovr_sim::acc_set_reader(0x10, 0x20, 3);
     ASSERT_TRUE(card.getReaderInfo());
     // The facade writes its record and fails: nothing reaches the object.
-    tovr_sim::force("esv_zel_acc_get_iccard_device_info", [](const tovr_sim::Params& p) {
-        *static_cast<ESV_ZEL_ACC_ICCARD_DEVICE_INFO*>(p[0]) = ESV_ZEL_ACC_ICCARD_DEVICE_INFO{1, 2, 3};
-        return 5L;
-    });
+    tovr_sim::force_output("esv_zel_acc_get_iccard_device_info", 5,
+                           tovr_sim::output_record(0, ESV_ZEL_ACC_ICCARD_DEVICE_INFO{1, 2, 3}));
     EXPECT_FALSE(card.getReaderInfo());
     tovr_sim::acc_set_reader(0x11, 0x21, 4);
     tovr_sim::force_result("esv_zel_acc_get_iccard_device_info", 5);
@@ -77,16 +75,10 @@ TEST_F(ICCard, ReaderStatus) {
     tovr_sim::acc_plug_reader(false);
     EXPECT_EQ(0, card.getReaderStatus());
     for (unsigned int status : {2u, 3u, 0xFFFFFFFFu}) {
-        tovr_sim::force("esv_zel_acc_get_rw_status", [status](const tovr_sim::Params& p) {
-            *static_cast<unsigned int*>(p[0]) = status;
-            return 0L;
-        });
+        tovr_sim::force_output("esv_zel_acc_get_rw_status", 0, tovr_sim::output_value(0, status));
         EXPECT_EQ(-1, card.getReaderStatus()) << status;
     }
-    tovr_sim::force("esv_zel_acc_get_rw_status", [](const tovr_sim::Params& p) {
-        *static_cast<unsigned int*>(p[0]) = 1;
-        return 1L;
-    });
+    tovr_sim::force_output("esv_zel_acc_get_rw_status", 1, tovr_sim::output_value(0, 1u));
     EXPECT_EQ(-1, card.getReaderStatus());  // failed query
 }
 

@@ -316,10 +316,7 @@ TEST_F(SystemInfo, PanelResetTimerNeverConverts) {
 }
 
 TEST_F(SystemInfo, OutputsForcedByTheDeviceReachTheCaller) {
-    tovr_sim::force("esv_zel_systeminfo_get_count", [](const tovr_sim::Params& p) {
-        *static_cast<unsigned long*>(p[1]) = 31;
-        return static_cast<long>(ESV_ZEL_SYSINFO_ERROR);
-    });
+    tovr_sim::force_output("esv_zel_systeminfo_get_count", ESV_ZEL_SYSINFO_ERROR, tovr_sim::output_value(1, 31ul));
     ESV_ZEL_COUNT_INFO c{0, 0, 0};
     unsigned long count = 0;
     EXPECT_EQ(2, info.get_count(c, count));
