@@ -16,8 +16,6 @@ import java.util.concurrent.Executors;
 import java.util.concurrent.Future;
 import java.util.concurrent.TimeUnit;
 import java.util.stream.Stream;
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
 import org.junit.jupiter.api.extension.RegisterExtension;
 import org.junit.jupiter.api.function.Executable;
@@ -30,17 +28,8 @@ class CMT_StorageHostileTest {
     @RegisterExtension
     static final SimDeviceExtension device = new SimDeviceExtension(false);
 
-    private StorageFixture f;
-
-    @BeforeEach
-    void setUp() throws IOException {
-        f = new StorageFixture();
-    }
-
-    @AfterEach
-    void tearDown() throws IOException {
-        f.close();
-    }
+    @RegisterExtension
+    final StorageFixture f = new StorageFixture();
 
     static void throwsWith(Class<? extends Throwable> type, String message, Executable call) {
         Throwable t = assertThrows(type, call);

@@ -13,8 +13,6 @@ import java.nio.file.Path;
 import java.util.ArrayList;
 import java.util.Collections;
 import java.util.List;
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
 import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimDevice;
@@ -29,21 +27,12 @@ class CMT_StorageTest {
     @RegisterExtension
     static final SimDeviceExtension device = new SimDeviceExtension(false);
 
-    private StorageFixture f;
+    @RegisterExtension
+    final StorageFixture f = new StorageFixture();
 
     static final int HDD = 0;       // drive 2
     static final int USB_B = 1;     // drive 1
     static final int USB_A = 2;     // drive 0
-
-    @BeforeEach
-    void setUp() throws IOException {
-        f = new StorageFixture();
-    }
-
-    @AfterEach
-    void tearDown() throws IOException {
-        f.close();
-    }
 
     static String lastArgs(String op) {
         String[] c = SimDevice.calls(op);

@@ -9,7 +9,6 @@ import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 import static tarnwick.zel.wrapper.box.zel_fnd_document_box_moduleJNI.*;
 
-import java.io.IOException;
 import java.nio.charset.StandardCharsets;
 import java.util.ArrayList;
 import java.util.Calendar;
@@ -34,7 +33,8 @@ class DocumentBoxTest {
     @RegisterExtension
     static final SimDeviceExtension device = new SimDeviceExtension();
 
-    private StorageFixture f;
+    @RegisterExtension
+    final StorageFixture f = new StorageFixture();
     private long manager;
     private Locale locale;
     private TimeZone zone;
@@ -42,8 +42,7 @@ class DocumentBoxTest {
     static final long PATH_ERROR = 0x0401020BL;
 
     @BeforeEach
-    void setUp() throws IOException {
-        f = new StorageFixture();
+    void setUp() {
         manager = zel_fnd_document_manager_zel_fnd_get_instance();
         locale = Locale.getDefault();
         zone = TimeZone.getDefault();
@@ -52,10 +51,9 @@ class DocumentBoxTest {
     }
 
     @AfterEach
-    void tearDown() throws IOException {
+    void tearDown() {
         Locale.setDefault(locale);
         TimeZone.setDefault(zone);
-        f.close();
     }
 
     List<Object> list(String path, int expected) {

@@ -6,7 +6,6 @@ import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 import static tarnwick.zel.wrapper.box.zel_fnd_document_box_moduleJNI.*;
 
-import java.io.IOException;
 import java.util.ArrayList;
 import java.util.HashSet;
 import java.util.List;
@@ -16,8 +15,6 @@ import java.util.concurrent.CountDownLatch;
 import java.util.concurrent.ExecutorService;
 import java.util.concurrent.Executors;
 import java.util.concurrent.Future;
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.MethodOrderer;
 import org.junit.jupiter.api.Order;
 import org.junit.jupiter.api.Test;
@@ -35,17 +32,8 @@ class zel_fnd_document_box_moduleHostileTest {
     @RegisterExtension
     static final SimDeviceExtension device = new SimDeviceExtension();
 
-    private StorageFixture f;
-
-    @BeforeEach
-    void setUp() throws IOException {
-        f = new StorageFixture();
-    }
-
-    @AfterEach
-    void tearDown() throws IOException {
-        f.close();
-    }
+    @RegisterExtension
+    final StorageFixture f = new StorageFixture();
 
     @Test
     @Order(1)
