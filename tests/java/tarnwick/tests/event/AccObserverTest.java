@@ -81,7 +81,7 @@ class AccObserverTest {
         assertEquals(0, SimDevice.callCount("emwOSWIpcCreateMemPart"));
         assertEquals(List.of("icCard 0123456789ABCDEF"), f.events);
         assertEquals(List.of("3 notify_iccard_detect,[Start]", "3 notify_iccard_detect,card_info.card_data_size = 0",
-                "3 notify_iccard_detect,[End]"), EventFixture.trace(M));
+                "3 notify_iccard_detect,[End]"), SimDeviceExtension.trace(M));
     }
 
     @Test
@@ -123,7 +123,7 @@ class AccObserverTest {
                 for (byte x : b) assertTrue((x & 0xFF) < 0xE0);
             }
         }
-        assertEquals(List.of("3 notify_iccard_detect,[Start]", "3 notify_iccard_detect,[End]"), EventFixture.trace(M));
+        assertEquals(List.of("3 notify_iccard_detect,[Start]", "3 notify_iccard_detect,[End]"), SimDeviceExtension.trace(M));
     }
 
     /** A block filling the partition from its start: 4 services, the last with {@code lastCount} blocks. */
@@ -151,7 +151,7 @@ class AccObserverTest {
         assertEquals(List.of(), f.events);
         assertEquals(List.of("3 notify_iccard_detect,[Start]",
                 "0 notify_iccard_detect,card data run past the end of DVC_ACC_ICCARD_DATA_PARTITION. blkid = [24]"),
-                EventFixture.trace(M));
+                SimDeviceExtension.trace(M));
         // Every count at its maximum: far past the end.
         byte[] big = new byte[PARTITION_SIZE];
         java.util.Arrays.fill(big, (byte) 0xFF);
@@ -173,7 +173,7 @@ class AccObserverTest {
         assertEquals(List.of("3 notify_iccard_detect,[Start]",
                 "0 notify_iccard_detect,emwOSWIpcCreateMemPart() EMWRET = [0x8000000b]",
                 "3 notify_iccard_detect,[Start]",
-                "0 notify_iccard_detect,emwOSWIpcGetBlockByIdMemPart() EMWRET = [0x00000003]"), EventFixture.trace(M));
+                "0 notify_iccard_detect,emwOSWIpcGetBlockByIdMemPart() EMWRET = [0x00000003]"), SimDeviceExtension.trace(M));
     }
 
     @Test
@@ -184,7 +184,7 @@ class AccObserverTest {
         assertEquals(List.of("icCardDevice 65535 4660 true -1", "icCardDevice 2 1 false 4", "icCardError -5"), f.events);
         assertEquals(List.of("3 notify_iccard_state_change_info,[Start]", "3 notify_iccard_state_change_info,[End]",
                 "3 notify_iccard_state_change_info,[Start]", "3 notify_iccard_state_change_info,[End]",
-                "3 notify_iccard_read_error,[Enter]", "3 notify_iccard_read_error,[Exit]"), EventFixture.trace(M));
+                "3 notify_iccard_read_error,[Enter]", "3 notify_iccard_read_error,[Exit]"), SimDeviceExtension.trace(M));
     }
 
     @Test
@@ -194,6 +194,6 @@ class AccObserverTest {
         assertArrayEquals(FAILED, SimAcc.iccardReadError(1));
         assertArrayEquals(FAILED, SimAcc.iccardStateChange(1, 1, 1, 1));
         assertEquals(List.of(), f.events);
-        assertEquals(List.of(), EventFixture.trace(M));
+        assertEquals(List.of(), SimDeviceExtension.trace(M));
     }
 }

@@ -34,7 +34,7 @@ class CommonObserverTest {
     void tonerLevelsArePassedInReverseOrder() {
         assertArrayEquals(OK, SimCommon.tonerStatus(1, 2));
         assertEquals(List.of("tonerLevel 2 1"), f.events);
-        assertEquals(List.of("3 notify_toner_status,[Start]", "3 notify_toner_status,[End]"), EventFixture.trace(M));
+        assertEquals(List.of("3 notify_toner_status,[Start]", "3 notify_toner_status,[End]"), SimDeviceExtension.trace(M));
     }
 
     @Test
@@ -50,7 +50,7 @@ class CommonObserverTest {
         assertEquals(List.of("keyDevice 200", "keyDevice 7"), f.events);
         assertEquals(List.of("3 notify_key_card_status,[Start]. status = [200]", "3 notify_key_card_status,[End]",
                 "3 notify_key_counter_status,[Start]. status = [7]", "3 notify_key_counter_status,[End]"),
-                EventFixture.trace(M));
+                SimDeviceExtension.trace(M));
     }
 
     @Test
@@ -67,7 +67,7 @@ class CommonObserverTest {
         assertArrayEquals(OK, SimCommon.serviceStateChanged(1));
         assertEquals(List.of("residentAppsStateChanged 1", "wasteToner 255", "paperSourceLevel 65535 250", "coinVendor 3",
                 "usbDevice 4", "sleep 1", "communicationError", "logout", "networkRestart 1", "systemRestart 1"), f.events);
-        List<String> t = EventFixture.trace(M);
+        List<String> t = SimDeviceExtension.trace(M);
         assertEquals("3 notify_coin_vender_status,[Start]. status = [3]", t.get(6));
         assertEquals("3 notify_usb_memory_status,[Start]. status = [4]", t.get(8));
         assertEquals("3 notify_logout,[Start]", t.get(14));
@@ -78,14 +78,14 @@ class CommonObserverTest {
     void oddScenarioCompletesTheActivation() {
         assertArrayEquals(OK, SimCommon.requestActivate(13, 0xFFFFFFFFL));
         assertEquals(List.of("completedActivation 13 4294967295"), f.events);
-        assertEquals(List.of("3 request_activate,[Start]", "3 request_activate,[FIN] end. success."), EventFixture.trace(M));
+        assertEquals(List.of("3 request_activate,[Start]", "3 request_activate,[FIN] end. success."), SimDeviceExtension.trace(M));
     }
 
     @Test
     void evenScenarioAsksForPreparation() {
         assertArrayEquals(OK, SimCommon.requestActivate(12, 5));
         assertEquals(List.of("prepareActivation 12 5"), f.events);
-        assertEquals(List.of("3 request_activate,[Start]", "3 request_activate,success."), EventFixture.trace(M));
+        assertEquals(List.of("3 request_activate,[Start]", "3 request_activate,success."), SimDeviceExtension.trace(M));
     }
 
     @Test
@@ -93,7 +93,7 @@ class CommonObserverTest {
         f.prepareAnswer = false;
         assertArrayEquals(new long[] {0x04010206L}, SimCommon.requestActivate(0, 1));
         assertEquals(List.of("prepareActivation 0 1"), f.events);
-        assertEquals(List.of("3 request_activate,[Start]", "0 request_activate,failed."), EventFixture.trace(M));
+        assertEquals(List.of("3 request_activate,[Start]", "0 request_activate,failed."), SimDeviceExtension.trace(M));
     }
 
     @Test
@@ -102,7 +102,7 @@ class CommonObserverTest {
         assertArrayEquals(OK, SimCommon.requestActivate(-1, 1));
         assertEquals(List.of(), f.events);
         assertEquals(List.of("3 request_activate,[Start]", "0 request_activate,[FIN] end. unknown scenario.",
-                "3 request_activate,[Start]", "0 request_activate,[FIN] end. unknown scenario."), EventFixture.trace(M));
+                "3 request_activate,[Start]", "0 request_activate,[FIN] end. unknown scenario."), SimDeviceExtension.trace(M));
     }
 
     @Test
@@ -112,7 +112,7 @@ class CommonObserverTest {
         SimDevice.failAttach(1);
         assertArrayEquals(new long[] {0x04010207L}, SimCommon.requestActivate(12, 1));
         assertEquals(List.of(), f.events);
-        assertEquals(List.of(), EventFixture.trace(M));
+        assertEquals(List.of(), SimDeviceExtension.trace(M));
         assertArrayEquals(OK, SimCommon.coverStatus(2));
         assertEquals(List.of("cover 2"), f.events);
     }
@@ -125,6 +125,6 @@ class CommonObserverTest {
         f.throwFromListeners = null;
         assertArrayEquals(OK, SimCommon.sleep(1));
         assertEquals(List.of("sleep 0", "prepareActivation 2 0", "sleep 1"), f.events);
-        assertEquals("3 notify_sleep,[End]", EventFixture.trace(M).get(1));
+        assertEquals("3 notify_sleep,[End]", SimDeviceExtension.trace(M).get(1));
     }
 }

@@ -4,7 +4,6 @@ import java.util.ArrayList;
 import java.util.Collections;
 import java.util.List;
 import tarnwick.sim.SimDevice;
-import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.controller.event.device.ICCardInfo;
 import tarnwick.zel.controller.event.job.InterpreterInfo;
 import tarnwick.zel.controller.event.job.Job;
@@ -112,11 +111,6 @@ final class EventFixture implements AutoCloseable {
             @Override public void applStart(long id) { record("applStart " + id); }
             @Override public void autoReset() { record("autoReset"); }
         });
-    }
-
-    /** Trace lines of one source module as "level operation,message" (line numbers left out). */
-    static List<String> trace(String module) {
-        return SimDeviceExtension.trace(module);
     }
 
     static List<String> list(String... items) {

@@ -48,7 +48,7 @@ class JobInfoObserverTest {
                     p.getPaperType(), p.getPaperDir(), p.getPaperWeight(), p.getDuplex(), p.getStaple(), p.getPunch(),
                     p.getColorMode()});
         assertEquals(List.of("3 notify_print_page_info,[Start]", "3 notify_print_page_info,user_job_id = [-1]",
-                "3 notify_print_page_info,[End]"), EventFixture.trace(M));
+                "3 notify_print_page_info,[End]"), SimDeviceExtension.trace(M));
     }
 
     @Test
@@ -74,7 +74,7 @@ class JobInfoObserverTest {
         assertEquals(List.of("3 notify_fax_send_page_info,[Start]", "3 notify_fax_send_page_info,user_job_id = [8]",
                 "3 notify_fax_send_page_info,[End]", "3 notify_job_update_log,[Start]",
                 "3 notify_job_update_log,user_job_id = [9]", "3 notify_job_update_log,receipt_id = [5001]",
-                "3 notify_job_update_log,[End]"), EventFixture.trace(M));
+                "3 notify_job_update_log,[End]"), SimDeviceExtension.trace(M));
     }
 
     @Test
@@ -91,7 +91,7 @@ class JobInfoObserverTest {
     void anUnconvertibleJobNameFailsWithoutAnEvent() {
         assertArrayEquals(FAILED, SimJobs.renintStart(11, 1, 2, null));
         assertEquals(List.of(), f.events);
-        List<String> t = EventFixture.trace(M);
+        List<String> t = SimDeviceExtension.trace(M);
         assertEquals("0 notify_renint_start_info,jnienv_->NewStringUTF(job_name) obj = NULL", t.get(t.size() - 1));
     }
 
@@ -100,7 +100,7 @@ class JobInfoObserverTest {
         SimDevice.failAttach(1);
         assertArrayEquals(FAILED, SimJobs.faxSendPage(1, 1));
         assertEquals(List.of(), f.events);
-        assertEquals(List.of(), EventFixture.trace(M));
+        assertEquals(List.of(), SimDeviceExtension.trace(M));
     }
 
     @Test

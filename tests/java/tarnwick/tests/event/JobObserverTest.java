@@ -38,7 +38,7 @@ class JobObserverTest {
     void stateChangeBuildsAJob() {
         assertArrayEquals(OK, SimJobs.jobStateChanged(0, 101, 0, 65535, "alice", 255, 2));
         assertEquals(List.of("jobStateChanged 101 START 65535 alice 255 2"), f.events);
-        assertEquals(List.of("3 notify_job_state_changed,[Start]", "3 notify_job_state_changed,[End]"), EventFixture.trace(M));
+        assertEquals(List.of("3 notify_job_state_changed,[Start]", "3 notify_job_state_changed,[End]"), SimDeviceExtension.trace(M));
     }
 
     @Test
@@ -57,7 +57,7 @@ class JobObserverTest {
         assertArrayEquals(OK, SimJobs.jobStateChanged(3, 1, 0, 0, "", 0, 0));
         assertEquals(List.of(), f.events);
         assertEquals(List.of("3 notify_job_state_changed,[Start]",
-                "3 notify_job_state_changed,[End]. state = ESV_ZEL_EVENT_JOB_RSV."), EventFixture.trace(M));
+                "3 notify_job_state_changed,[End]. state = ESV_ZEL_EVENT_JOB_RSV."), SimDeviceExtension.trace(M));
     }
 
     @Test
@@ -68,14 +68,14 @@ class JobObserverTest {
         assertEquals(List.of("3 notify_job_state_changed,[Start]",
                 "3 notify_job_state_changed,[End]. unknown job state. state = [4]",
                 "3 notify_job_state_changed,[Start]",
-                "3 notify_job_state_changed,[End]. unknown job result. result = [3]"), EventFixture.trace(M));
+                "3 notify_job_state_changed,[End]. unknown job result. result = [3]"), SimDeviceExtension.trace(M));
     }
 
     @Test
     void scanCountIsNotSignExtended() {
         assertArrayEquals(OK, SimJobs.scanCount(5, 4000000000L));
         assertEquals(List.of("scanCount 5 4000000000"), f.events);
-        assertEquals(List.of("3 notify_scan_count,[Start]", "3 notify_scan_count,[End]"), EventFixture.trace(M));
+        assertEquals(List.of("3 notify_scan_count,[Start]", "3 notify_scan_count,[End]"), SimDeviceExtension.trace(M));
     }
 
     @Test
@@ -91,7 +91,7 @@ class JobObserverTest {
         assertArrayEquals(OK, SimJobs.phbInfo(1));
         assertArrayEquals(OK, SimJobs.messageInfo(1));
         assertEquals(List.of(), f.events);
-        assertEquals(List.of(), EventFixture.trace(M));
+        assertEquals(List.of(), SimDeviceExtension.trace(M));
     }
 
     @Test
@@ -101,7 +101,7 @@ class JobObserverTest {
         SimDevice.failAttach(1);
         assertArrayEquals(FAILED, SimJobs.scanCount(1, 1));
         assertEquals(List.of(), f.events);
-        assertEquals(List.of(), EventFixture.trace(M));
+        assertEquals(List.of(), SimDeviceExtension.trace(M));
     }
 
     @Test

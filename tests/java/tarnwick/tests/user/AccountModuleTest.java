@@ -6,8 +6,8 @@ import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertNull;
 import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
-import static tarnwick.tests.user.UserFixture.repeat;
-import static tarnwick.tests.user.UserFixture.trace;
+import static tarnwick.tests.support.SimDeviceExtension.repeat;
+import static tarnwick.tests.support.SimDeviceExtension.trace;
 
 import java.util.List;
 import org.junit.jupiter.api.AfterEach;

@@ -3,7 +3,7 @@ package tarnwick.tests.user;
 import static org.junit.jupiter.api.Assertions.assertArrayEquals;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertThrows;
-import static tarnwick.tests.user.UserFixture.trace;
+import static tarnwick.tests.support.SimDeviceExtension.trace;
 
 import java.util.List;
 import org.junit.jupiter.api.AfterEach;
@@ -181,9 +181,9 @@ class AuthenticationTest {
         String[] names = {"login_name", "user_name", "email", "kana"};
         int[] sizes = {129, 193, 129, 193};
         for (int i = 0; i < names.length; i++) {
-            String text = UserFixture.repeat('q', sizes[i] + 20);
+            String text = SimDeviceExtension.repeat('q', sizes[i] + 20);
             call("ESV_ZEL_USERINFO_RECORD_" + names[i] + "_set", rec, text);
-            assertEquals(UserFixture.repeat('q', sizes[i] - 1), call("ESV_ZEL_USERINFO_RECORD_" + names[i] + "_get", rec, null));
+            assertEquals(SimDeviceExtension.repeat('q', sizes[i] - 1), call("ESV_ZEL_USERINFO_RECORD_" + names[i] + "_get", rec, null));
             call("ESV_ZEL_USERINFO_RECORD_" + names[i] + "_set", rec, null);
             assertEquals("", call("ESV_ZEL_USERINFO_RECORD_" + names[i] + "_get", rec, null));
         }

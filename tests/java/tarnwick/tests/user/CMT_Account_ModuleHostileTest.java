@@ -2,8 +2,8 @@ package tarnwick.tests.user;
 
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertFalse;
-import static tarnwick.tests.user.UserFixture.repeat;
-import static tarnwick.tests.user.UserFixture.trace;
+import static tarnwick.tests.support.SimDeviceExtension.repeat;
+import static tarnwick.tests.support.SimDeviceExtension.trace;
 
 import java.util.List;
 import org.junit.jupiter.api.AfterEach;

@@ -4,7 +4,7 @@ import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertNull;
 import static org.junit.jupiter.api.Assertions.assertTrue;
-import static tarnwick.tests.user.UserFixture.trace;
+import static tarnwick.tests.support.SimDeviceExtension.trace;
 
 import java.io.ByteArrayOutputStream;
 import java.io.File;
@@ -191,9 +191,9 @@ class LocalUserListTest {
         ArrayList<Object> list = new ArrayList<>();
         assertEquals(0, fetch(list));
         UserImpl u = (UserImpl) list.get(0);
-        assertEquals(UserFixture.repeat('L', 129), u.getLoginName().getValue());
-        assertEquals(UserFixture.repeat('U', 193), u.getUserName().getValue());
-        assertEquals(UserFixture.repeat('M', 129), u.getMailAddress().getValue());
+        assertEquals(SimDeviceExtension.repeat('L', 129), u.getLoginName().getValue());
+        assertEquals(SimDeviceExtension.repeat('U', 193), u.getUserName().getValue());
+        assertEquals(SimDeviceExtension.repeat('M', 129), u.getMailAddress().getValue());
     }
 
     @Test

@@ -1,9 +1,6 @@
 package tarnwick.tests.user;
 
-import java.util.List;
-import tarnwick.tests.support.SimDeviceExtension;
-
-/** The facade codes the user and department tests name, and their trace helpers. */
+/** The facade codes the user and department tests name. */
 final class UserFixture {
     static final long INVALID_PASSWORD = 0x04010401L;
     static final long NOT_FOUND = 0x04010402L;
@@ -16,13 +13,4 @@ final class UserFixture {
     static final long DEPT_DUPLICATE = 0x04010804L;
 
     private UserFixture() {}
-
-    /** Trace lines of one source module as "level operation,message" (line numbers left out). */
-    static List<String> trace(String module) {
-        return SimDeviceExtension.trace(module);
-    }
-
-    static String repeat(char c, int n) {
-        return SimDeviceExtension.repeat(c, n);
-    }
 }

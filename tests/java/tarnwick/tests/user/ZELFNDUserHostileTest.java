@@ -4,7 +4,7 @@ import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertNull;
 import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
-import static tarnwick.tests.user.UserFixture.repeat;
+import static tarnwick.tests.support.SimDeviceExtension.repeat;
 
 import java.util.ArrayList;
 import java.util.List;
