@@ -22,7 +22,7 @@ public final class DemoDevice {
     public static final String CARD_ALICE = SimSample.CARD_ALICE;
     private static final Pattern CARD = Pattern.compile("[0-9A-Fa-f]{1,32}");
     /** The call record is emptied this often: nothing here reads it, and a panel runs for days. */
-    private static final long CLEAR_CALLS_MS = 10_000;
+    private static final long CLEAR_CALLS_MS = 1_000;
     private final ScanToEmailApp app;
     private volatile long callsCleared;
 
