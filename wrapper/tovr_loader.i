@@ -1,7 +1,8 @@
 // What every module class carries besides its natives: it loads libtovrCMT.so the first time it
 // is used, so an application needs no System.loadLibrary of its own, and one that loaded the
-// library itself (by name, or by path as a framework does) keeps working; and the API
-// reference's summary of the classes SWIG makes per module. Included once, from
+// library itself (by name, or by path as a framework does) keeps working; and what the API
+// reference needs: the headers' Javadoc comments as they stand, and the summary of the classes
+// SWIG makes per module. Included once, from
 // tovr_conventions.i. The code sits in each module class rather than in a shared Java class so
 // that a module built into another library (the test probe) compiles on its own.
 
@@ -46,6 +47,10 @@
     }
   }
 %}
+
+// The /** */ comments of the headers and interface files are Javadoc already: copied as they
+// stand (SWIG's Doxygen translation would break {@code ...} and add a <br> to every line).
+%feature("doxygen:notranslate");
 
 %pragma(java) jniclassimports=%{
 /**
