@@ -9,6 +9,10 @@ build=${TOVR_BUILD_DIR:-$root/build/main}
 jobs=${TOVR_JOBS:-$(nproc)}
 java=${JAVA_HOME:-/usr/lib/jvm/java-17-openjdk-amd64}/bin/java
 me=scripts/main.sh
+tag=main
+stages=4
+# shellcheck source=host-build.sh
+. "$root/scripts/host-build.sh"
 
 usage() {
   cat <<EOF
@@ -30,11 +34,6 @@ front panel on http://127.0.0.1:<port>/ (the port is printed; Ctrl-C ends).
 
 Environment: TOVR_BUILD_DIR (default build/main), TOVR_JOBS (build parallelism), JAVA_HOME.
 EOF
-}
-
-bad() {
-  echo "$me: $* ($me --help lists the options)" >&2
-  exit 2
 }
 
 number() {  # option value max
@@ -71,32 +70,8 @@ while [ $# -gt 0 ]; do
 done
 [ $time_mode = 0 ] || [ ${#demo_args[@]} = 0 ] || bad "--time is used alone"
 
-# One line a stage; the build's own output goes to a log, shown only when it fails.
-stage=0
 started=$SECONDS
-step() {
-  stage=$((stage + 1))
-  echo "main: [$stage/4] $*"
-}
-run_logged() {  # log command...
-  local log=$1
-  shift
-  if ! "$@" >"$log" 2>&1; then
-    echo "main: failed; the last lines of $log:" >&2
-    tail -n 30 "$log" >&2
-    exit 1
-  fi
-}
-
-step "checking the Debian packages (scripts/setup.sh)"
-"$root/scripts/setup.sh"
-mkdir -p "$build"
-step "configuring $build"
-run_logged "$build/main-configure.log" \
-  cmake -S "$root" -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTOVR_BUILD_TESTS=OFF -DTOVR_BUILD_BENCH=OFF
-step "building the library, the simulated device and the demo with $jobs jobs" \
-  "(the first time takes a few minutes; log: $build/main-build.log)"
-run_logged "$build/main-build.log" cmake --build "$build" -j "$jobs"
+host_build "$root" "$build" "$jobs"
 cp="$build/java/tovr-examples.jar:$build/java/tovrCMT.jar:$build/java/tovrsim.jar"
 if [ $time_mode = 1 ]; then
   step "starting the time example (built in $((SECONDS - started)) s)"

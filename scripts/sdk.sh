@@ -13,6 +13,9 @@ version=${TOVR_SDK_VERSION:-1.0.0}
 jobs=${TOVR_JOBS:-$(nproc)}
 jdk=${JAVA_HOME:-/usr/lib/jvm/java-17-openjdk-amd64}
 me=scripts/sdk.sh
+tag=sdk
+# shellcheck source=host-build.sh
+. "$root/scripts/host-build.sh"
 do_build=1
 
 usage() {
@@ -27,11 +30,6 @@ Builds the library for the host (as scripts/main.sh does) and makes the develope
 
 Environment: TOVR_SDK_VERSION (default 1.0.0), TOVR_JOBS, JAVA_HOME.
 EOF
-}
-
-bad() {
-  echo "$me: $* ($me --help lists the options)" >&2
-  exit 2
 }
 
 while [ $# -gt 0 ]; do
@@ -49,29 +47,11 @@ done
 mkdir -p "$out"
 out=$(cd "$out" && pwd)
 
-stage=0
-step() {
-  stage=$((stage + 1))
-  echo "sdk: [$stage/5] $*"
-}
-run_logged() {  # log command...
-  local log=$1
-  shift
-  if ! "$@" >"$log" 2>&1; then
-    echo "sdk: failed; the last lines of $log:" >&2
-    tail -n 40 "$log" >&2
-    exit 1
-  fi
-}
-
 if [ $do_build = 1 ]; then
-  step "building the library and the simulated device in $build (the first time takes a few minutes)"
-  "$root/scripts/setup.sh"
-  mkdir -p "$build"
-  run_logged "$build/sdk-configure.log" \
-    cmake -S "$root" -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTOVR_BUILD_TESTS=OFF -DTOVR_BUILD_BENCH=OFF
-  run_logged "$build/sdk-build.log" cmake --build "$build" -j "$jobs"
+  stages=7
+  host_build "$root" "$build" "$jobs"
 else
+  stages=5
   step "taking the build in $build"
 fi
 for f in java/tovrCMT.jar java/tovrsim.jar libtovrCMT.so libtovrsim.so libtovrsimctl.so; do

@@ -7,10 +7,32 @@
 // that a module built into another library (the test probe) compiles on its own.
 
 %pragma(java) jniclasscode=%{
-  // When this module's natives are bound already nothing is loaded; otherwise the library comes
-  // from java.library.path, and a missing one is one UnsatisfiedLinkError naming that path.
+  // When this module's natives are bound already nothing is loaded: a delete_ native called
+  // with the null handle does nothing once the library is there, and throws
+  // UnsatisfiedLinkError before. Otherwise the library comes from java.library.path, and a
+  // missing one is one UnsatisfiedLinkError naming that path. (All in the initializer: the
+  // module class declares its natives and nothing else.)
   static {
-    if (!nativesBound()) {
+    java.lang.reflect.Method probe = null;
+    for (java.lang.reflect.Method m : $imclassname.class.getDeclaredMethods()) {
+      if (java.lang.reflect.Modifier.isNative(m.getModifiers()) && m.getName().startsWith("delete_")
+          && m.getParameterCount() == 1 && m.getParameterTypes()[0] == long.class
+          && (probe == null || m.getName().compareTo(probe.getName()) < 0)) {
+        probe = m;
+      }
+    }
+    boolean bound = false;
+    if (probe != null) {
+      try {
+        probe.invoke(null, 0L);
+        bound = true;
+      } catch (java.lang.reflect.InvocationTargetException e) {
+        if (!(e.getCause() instanceof UnsatisfiedLinkError)) throw new IllegalStateException(e.getCause());
+      } catch (IllegalAccessException e) {
+        // not callable: load as if it were not bound
+      }
+    }
+    if (!bound) {
       try {
         System.loadLibrary("tovrCMT");
       } catch (UnsatisfiedLinkError e) {
@@ -21,29 +43,6 @@
               + "): start java with -Djava.library.path=<the folder that holds libtovrCMT.so>"
             : "libtovrCMT.so could not be loaded from java.library.path (" + path + "): " + reason);
       }
-    }
-  }
-
-  // A delete_ native called with the null handle does nothing once the library is there, and
-  // throws UnsatisfiedLinkError before.
-  private static boolean nativesBound() {
-    java.lang.reflect.Method probe = null;
-    for (java.lang.reflect.Method m : $imclassname.class.getDeclaredMethods()) {
-      if (java.lang.reflect.Modifier.isNative(m.getModifiers()) && m.getName().startsWith("delete_")
-          && m.getParameterCount() == 1 && m.getParameterTypes()[0] == long.class
-          && (probe == null || m.getName().compareTo(probe.getName()) < 0)) {
-        probe = m;
-      }
-    }
-    if (probe == null) return false;
-    try {
-      probe.invoke(null, 0L);
-      return true;
-    } catch (java.lang.reflect.InvocationTargetException e) {
-      if (e.getCause() instanceof UnsatisfiedLinkError) return false;
-      throw new IllegalStateException(e.getCause());
-    } catch (IllegalAccessException e) {
-      return false;
     }
   }
 %}

@@ -143,6 +143,18 @@ def request(port, method, path, body=None, headers=None, host=None, timeout=10):
     return status, got, payload.decode(errors="replace")
 
 
+def demo_arguments(*extra):
+    """The arguments of every test that starts the demo (java, class path, library path, output
+    folder) and the test's own, each given as (name, argparse keywords)."""
+    import argparse
+    ap = argparse.ArgumentParser()
+    for name in ("--java", "--classpath", "--libs", "--out"):
+        ap.add_argument(name, required=True)
+    for name, kw in extra:
+        ap.add_argument(name, **kw)
+    return ap.parse_args()
+
+
 def run(main):
     try:
         sys.exit(main())

@@ -10,12 +10,12 @@ the page's state after each step and saves screenshots under --out. Measures the
 press on the page to the Java listener's call. Exits 77 (skipped) when there is no Chromium.
 --keep-going runs every step and lists the failures (to see what an older build fails).
 """
-import argparse, base64, http.server, json, os, shutil, socket, statistics, struct, subprocess, sys, tempfile, \
+import base64, http.server, json, os, shutil, socket, statistics, struct, subprocess, sys, tempfile, \
     threading, time
 import urllib.request
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from demo_support import Checks, Demo, run  # noqa: E402
+from demo_support import Checks, Demo, demo_arguments, run  # noqa: E402
 
 SKIP = 77
 
@@ -350,14 +350,9 @@ def server_gone(check, d, page, out):
 
 
 def main():
-    ap = argparse.ArgumentParser()
-    ap.add_argument("--java", required=True)
-    ap.add_argument("--classpath", required=True)
-    ap.add_argument("--libs", required=True)
-    ap.add_argument("--out", required=True)
-    ap.add_argument("--presses", type=int, default=20)
-    ap.add_argument("--keep-going", action="store_true", help="run every step, list the failures at the end")
-    a = ap.parse_args()
+    a = demo_arguments(
+        ("--presses", dict(type=int, default=20)),
+        ("--keep-going", dict(action="store_true", help="run every step, list the failures at the end")))
 
     chromium = find_chromium()
     if chromium is None:

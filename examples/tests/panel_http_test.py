@@ -4,10 +4,10 @@ its own Host, origin and token only; slow clients and long work do not hold it u
 get a clear message and leave the device as it was; what it keeps stays bounded; and it listens
 on 127.0.0.1 only. --keep-going runs every check and lists the failures (to see what an older
 build fails)."""
-import argparse, glob, json, os, shutil, socket, statistics, subprocess, sys, time, urllib.parse
+import glob, json, os, shutil, socket, statistics, subprocess, sys, time, urllib.parse
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from demo_support import Checks, Demo, request, run  # noqa: E402
+from demo_support import Checks, Demo, demo_arguments, request, run  # noqa: E402
 
 
 def served(check, d):
@@ -324,13 +324,8 @@ def command_line(check, a, busy_port):
 
 
 def main():
-    ap = argparse.ArgumentParser()
-    ap.add_argument("--java", required=True)
-    ap.add_argument("--classpath", required=True)
-    ap.add_argument("--libs", required=True)
-    ap.add_argument("--out", required=True)
-    ap.add_argument("--keep-going", action="store_true", help="run every check, list the failures at the end")
-    a = ap.parse_args()
+    a = demo_arguments(
+        ("--keep-going", dict(action="store_true", help="run every check, list the failures at the end")))
     shutil.rmtree(a.out, ignore_errors=True)
     os.makedirs(a.out)
     check = Checks(a.keep_going)

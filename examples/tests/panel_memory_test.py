@@ -5,26 +5,21 @@ The heap is fixed and touched at start and only the first JIT tier compiles, so 
 moves with native memory only (the simulated device's call record among it). The test asserts on sizes, never on times: after the
 warm-up rounds the resident size stays within --limit-mb. Longer runs: --rounds 200 --no-limit
 prints the table only."""
-import argparse, os, shutil, sys, time
+import os, shutil, sys, time
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from demo_support import Checks, Demo, run  # noqa: E402
+from demo_support import Checks, Demo, demo_arguments, run  # noqa: E402
 
 PREFIXES = ["Dana", "Person 001", "Person 0", "A", "Bob", "Person 00042", "E", "Carol", "Nobody", ""]
 
 
 def main():
-    ap = argparse.ArgumentParser()
-    ap.add_argument("--java", required=True)
-    ap.add_argument("--classpath", required=True)
-    ap.add_argument("--libs", required=True)
-    ap.add_argument("--out", required=True)
-    ap.add_argument("--warmup", type=int, default=4, help="rounds before the measured ones (the JIT settles)")
-    ap.add_argument("--rounds", type=int, default=4, help="measured rounds after the warm-up")
-    ap.add_argument("--searches", type=int, default=600, help="address searches a round")
-    ap.add_argument("--limit-mb", type=float, default=8.0, help="growth allowed after the warm-up")
-    ap.add_argument("--no-limit", action="store_true", help="print the table only")
-    a = ap.parse_args()
+    a = demo_arguments(
+        ("--warmup", dict(type=int, default=4, help="rounds before the measured ones (the JIT settles)")),
+        ("--rounds", dict(type=int, default=4, help="measured rounds after the warm-up")),
+        ("--searches", dict(type=int, default=600, help="address searches a round")),
+        ("--limit-mb", dict(type=float, default=8.0, help="growth allowed after the warm-up")),
+        ("--no-limit", dict(action="store_true", help="print the table only")))
     shutil.rmtree(a.out, ignore_errors=True)
     os.makedirs(a.out)
     check = Checks()

@@ -1,19 +1,14 @@
 #!/usr/bin/env python3
 """A scenario with several bad lines: the player names every one of them (file and line), lists
 the steps and the event kinds, exits 2 and runs nothing."""
-import argparse, os, subprocess, sys
+import os, subprocess, sys
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from demo_support import Checks, run  # noqa: E402
+from demo_support import Checks, demo_arguments, run  # noqa: E402
 
 
 def main():
-    ap = argparse.ArgumentParser()
-    ap.add_argument("--java", required=True)
-    ap.add_argument("--classpath", required=True)
-    ap.add_argument("--libs", required=True)
-    ap.add_argument("--out", required=True)
-    a = ap.parse_args()
+    a = demo_arguments()
     check = Checks()
     scenario = os.path.join(os.path.dirname(os.path.abspath(__file__)), "bad-step.txt")
     r = subprocess.run([a.java, f"-Djava.library.path={a.libs}", "-cp", a.classpath, "tarnwick.examples.demo.DeviceDemo",

@@ -22,6 +22,7 @@ import java.util.Map;
 import java.util.concurrent.LinkedBlockingQueue;
 import java.util.concurrent.ThreadPoolExecutor;
 import java.util.concurrent.TimeUnit;
+import java.util.function.Function;
 
 /**
  * The virtual front panel: one page (kept in this jar) and a small JSON interface, served on
@@ -158,22 +159,10 @@ public final class PanelServer {
                             PanelPage.HTML.replace("@PORT@", String.valueOf(port)).replace("@TOKEN@", token));
                     return;
                 case "/api/state":
-                    if (!method(x, "GET")) return;
-                    why = tokenRefusal(x.getRequestHeaders());
-                    if (why != null) {
-                        refuse(x, path, why);
-                        return;
-                    }
-                    json(x, 200, state(x));
+                    if (allowed(x, path, "GET", this::tokenRefusal)) json(x, 200, state(x));
                     return;
                 case "/api/action":
-                    if (!method(x, "POST")) return;
-                    why = actionRefusal(x.getRequestHeaders());
-                    if (why != null) {
-                        refuse(x, path, why);
-                        return;
-                    }
-                    action(x);
+                    if (allowed(x, path, "POST", this::actionRefusal)) action(x);
                     return;
                 default:
                     send(x, 404, "text/plain; charset=utf-8", "not found\n");
@@ -181,6 +170,15 @@ public final class PanelServer {
         } finally {
             x.close();
         }
+    }
+
+    /** True when the request has the method and passes the gate; otherwise it is answered. */
+    private boolean allowed(HttpExchange x, String path, String wanted, Function<Headers, String> gate) throws IOException {
+        if (!method(x, wanted)) return false;
+        String why = gate.apply(x.getRequestHeaders());
+        if (why == null) return true;
+        refuse(x, path, why);
+        return false;
     }
 
     private void refuse(HttpExchange x, String path, String why) throws IOException {
