@@ -502,7 +502,7 @@ public final class PanelServer {
                 return "copy cancelled";
             }
             case "machine": {
-                onApp(() -> app.refreshMachine().get());
+                onApp(app::readMachine);
                 recorder.step("show machine");
                 return "machine values read";
             }

@@ -346,15 +346,13 @@ public final class ScanToEmailApp {
      * {@link Busy} is thrown.
      */
     public <T> T call(Callable<T> work, long timeoutMs) throws Busy, InterruptedException {
-        AtomicBoolean begun = new AtomicBoolean();
-        Future<T> f = worker.submit(() -> {
-            begun.set(true);
-            return work.call();
-        });
+        // 0 waiting, 1 begun, 2 withdrawn: whichever of the two threads moves it from 0 decides.
+        java.util.concurrent.atomic.AtomicInteger state = new java.util.concurrent.atomic.AtomicInteger();
+        Future<T> f = worker.submit(() -> state.compareAndSet(0, 1) ? work.call() : null);
         try {
             return f.get(timeoutMs, TimeUnit.MILLISECONDS);
         } catch (TimeoutException e) {
-            if (f.cancel(false) && !begun.get()) throw new Busy("the application is busy; nothing was done");
+            if (state.compareAndSet(0, 2)) throw new Busy("the application is busy; nothing was done");
             try {
                 return f.get();  // it had begun: its answer is the one to give
             } catch (ExecutionException x) {
@@ -757,12 +755,16 @@ public final class ScanToEmailApp {
 
     /** Reads the machine values again on the application thread (after something changed them). */
     public Future<?> refreshMachine() {
-        return submit(() -> {
-            Map<String, String> m = machineValues();
-            synchronized (this) {
-                machine = m;
-            }
-        });
+        return submit(this::readMachine);
+    }
+
+    /** Reads the machine values now (on the application thread) and keeps them for {@link #machine()}. */
+    public Map<String, String> readMachine() {
+        Map<String, String> m = machineValues();
+        synchronized (this) {
+            machine = m;
+        }
+        return m;
     }
 
     /** Model, counters, paper and power state as the application reads them. */
