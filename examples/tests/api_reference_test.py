@@ -4,6 +4,7 @@ any error): an overview for every package, a summary for every public class, and
 the numbers a caller passes or tests (authentication modes, result codes, search types)."""
 import argparse, glob, html, os, re, sys
 
+sys.dont_write_bytecode = True  # nothing written into the source tree
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 from demo_support import Checks, run  # noqa: E402
 

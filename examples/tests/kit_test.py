@@ -5,6 +5,7 @@ the kit alone, and how the module classes load the library (no System.loadLibrar
 application; a library loaded by path first; a missing library)."""
 import argparse, os, re, shutil, subprocess, sys, tempfile, zipfile
 
+sys.dont_write_bytecode = True  # nothing written into the source tree
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 from demo_support import Checks, run  # noqa: E402
 

@@ -5,6 +5,7 @@ before the program's own output. The build itself is left to a stand-in cmake (t
 tree that is built already)."""
 import argparse, os, stat, subprocess, sys, tempfile
 
+sys.dont_write_bytecode = True  # nothing written into the source tree
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 from demo_support import Checks, run  # noqa: E402
 

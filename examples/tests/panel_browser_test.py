@@ -14,6 +14,7 @@ import base64, http.server, json, os, shutil, socket, statistics, struct, subpro
     threading, time
 import urllib.request
 
+sys.dont_write_bytecode = True  # nothing written into the source tree
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 from demo_support import Checks, Demo, demo_arguments, run  # noqa: E402
 

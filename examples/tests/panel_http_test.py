@@ -6,6 +6,7 @@ on 127.0.0.1 only. --keep-going runs every check and lists the failures (to see 
 build fails)."""
 import glob, json, os, shutil, socket, statistics, subprocess, sys, time, urllib.parse
 
+sys.dont_write_bytecode = True  # nothing written into the source tree
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 from demo_support import Checks, Demo, demo_arguments, request, run  # noqa: E402
 

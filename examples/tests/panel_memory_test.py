@@ -7,6 +7,7 @@ warm-up rounds the resident size stays within --limit-mb. Longer runs: --rounds 
 prints the table only."""
 import os, shutil, sys, time
 
+sys.dont_write_bytecode = True  # nothing written into the source tree
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 from demo_support import Checks, Demo, demo_arguments, run  # noqa: E402
 

@@ -3,6 +3,7 @@
 the steps and the event kinds, exits 2 and runs nothing."""
 import os, subprocess, sys
 
+sys.dont_write_bytecode = True  # nothing written into the source tree
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 from demo_support import Checks, demo_arguments, run  # noqa: E402
 
