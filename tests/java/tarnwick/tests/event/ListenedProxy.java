@@ -95,12 +95,7 @@ enum ListenedProxy {
 
     /** No listener on any proxy, no manager started. */
     static void clear() {
-        CommonProxy.removeAllListeners();
-        SynchronousEventProxy.removeAllListeners();
-        JobProxy.removeAllListeners();
-        JobInfoProxy.removeAllListeners();
-        AccProxy.removeAllListeners();
-        PanelProxy.removeAllListeners();
+        EventFixture.removeListeners();
         for (zel_fnd_event_manager m : zel_fnd_event_manager.started()) m.delete();
     }
 }
