@@ -13,7 +13,8 @@ import java.util.concurrent.TimeUnit;
 import java.util.concurrent.atomic.AtomicReference;
 import org.junit.jupiter.api.Test;
 import org.junit.jupiter.api.extension.RegisterExtension;
-import tarnwick.sim.SimEvents;
+import tarnwick.sim.SimCommon;
+import tarnwick.sim.SimJobs;
 import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.controller.event.proxy.CommonProxy;
 import tarnwick.zel.controller.event.proxy.JobProxy;
@@ -78,8 +79,8 @@ class CrossFacadeListenerTest {
         });
         AtomicReference<long[]> jobAnswers = new AtomicReference<>();
         AtomicReference<long[]> coverAnswers = new AtomicReference<>();
-        Thread job = new Thread(() -> jobAnswers.set(SimEvents.scanCount(1, 2)), "scan-count");
-        Thread cover = new Thread(() -> coverAnswers.set(SimEvents.coverStatus(1)), "cover");
+        Thread job = new Thread(() -> jobAnswers.set(SimJobs.scanCount(1, 2)), "scan-count");
+        Thread cover = new Thread(() -> coverAnswers.set(SimCommon.coverStatus(1)), "cover");
         job.start();
         cover.start();
         job.join(15_000);
@@ -94,8 +95,8 @@ class CrossFacadeListenerTest {
         assertEquals(0, prohibitAnswer.get());
         assertTrue(sleepSeen.await(10, TimeUnit.SECONDS), "the sleep event follows");
         assertTrue(prohibitionSeen.await(10, TimeUnit.SECONDS), "the start prohibition follows");
-        assertArrayEquals(OK, SimEvents.scanCount(3, 4));
-        assertArrayEquals(OK, SimEvents.coverStatus(2));
+        assertArrayEquals(OK, SimJobs.scanCount(3, 4));
+        assertArrayEquals(OK, SimCommon.coverStatus(2));
 
         jobs.delete();
         manager.delete();

@@ -1,6 +1,9 @@
 package tarnwick.tests.event;
 
-import tarnwick.sim.SimEvents;
+import tarnwick.sim.SimAcc;
+import tarnwick.sim.SimCommon;
+import tarnwick.sim.SimJobs;
+import tarnwick.sim.SimPanel;
 import tarnwick.zel.controller.event.device.ICCardInfo;
 import tarnwick.zel.controller.event.job.Job;
 import tarnwick.zel.controller.event.proxy.AccProxy;
@@ -18,7 +21,7 @@ import tarnwick.zel.wrapper.event.zel_fnd_event_manager;
  */
 enum ListenedProxy {
     COMMON("zel_fnd_common_observer", 0) {
-        @Override long[] raise(int n) { return SimEvents.coverStatus(n); }
+        @Override long[] raise(int n) { return SimCommon.coverStatus(n); }
         @Override void listen(Runnable action) {
             CommonProxy.addListener(new CommonProxy.Listener() {
                 @Override public void cover(long status) { action.run(); }
@@ -27,7 +30,7 @@ enum ListenedProxy {
         @Override void fire(int n) { CommonProxy.fireCoverEvent(n); }
     },
     SYNCHRONOUS("zel_fnd_common_observer", 0) {
-        @Override long[] raise(int n) { return SimEvents.serviceStateChanged(n); }
+        @Override long[] raise(int n) { return SimCommon.serviceStateChanged(n); }
         @Override void listen(Runnable action) {
             SynchronousEventProxy.addListener(new SynchronousEventProxy.Listener() {
                 @Override public void systemRestart(int type) { action.run(); }
@@ -36,7 +39,7 @@ enum ListenedProxy {
         @Override void fire(int n) { SynchronousEventProxy.fireSystemRestartEvent(n); }
     },
     JOB("zel_fnd_job_observer", 0x04010001L) {
-        @Override long[] raise(int n) { return SimEvents.jobStateChanged(1, n, 0, 1, "alice", 0, 0); }
+        @Override long[] raise(int n) { return SimJobs.jobStateChanged(1, n, 0, 1, "alice", 0, 0); }
         @Override void listen(Runnable action) {
             JobProxy.addListener(new JobProxy.Listener() {
                 @Override public void jobStateChanged(Job job) { action.run(); }
@@ -45,7 +48,7 @@ enum ListenedProxy {
         @Override void fire(int n) { JobProxy.fireJobStateChangedEvent(new Job()); }
     },
     JOBINFO("zel_fnd_jobinfo_observer", 0x04010001L) {
-        @Override long[] raise(int n) { return SimEvents.printPage(new long[] {n, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}); }
+        @Override long[] raise(int n) { return SimJobs.printPage(new long[] {n, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}); }
         @Override void listen(Runnable action) {
             JobInfoProxy.addListener(new JobInfoProxy.Listener() {
                 @Override public void page(Object info) { action.run(); }
@@ -54,7 +57,7 @@ enum ListenedProxy {
         @Override void fire(int n) { JobInfoProxy.firePageEvent(Integer.valueOf(n)); }
     },
     ACC("zel_fnd_acc_observer", 0x04010A05L) {
-        @Override long[] raise(int n) { return SimEvents.iccardDetect("card" + n, 1, 0, 0); }
+        @Override long[] raise(int n) { return SimAcc.iccardDetect("card" + n, 1, 0, 0); }
         @Override void listen(Runnable action) {
             AccProxy.addListener(new AccProxy.Listener() {
                 @Override public void icCard(ICCardInfo info) { action.run(); }
@@ -63,7 +66,7 @@ enum ListenedProxy {
         @Override void fire(int n) { AccProxy.fireICCardEvent(new ICCardInfo()); }
     },
     PANEL("zel_fnd_panel_observer", 0) {
-        @Override long[] raise(int n) { return SimEvents.keyEvent(n, 0); }
+        @Override long[] raise(int n) { return SimPanel.keyEvent(n, 0); }
         @Override void listen(Runnable action) {
             PanelProxy.addListener(new PanelProxy.Listener() {
                 @Override public void applStart(long id) { action.run(); }

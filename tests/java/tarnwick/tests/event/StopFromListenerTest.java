@@ -17,7 +17,7 @@ import org.junit.jupiter.api.Test;
 import org.junit.jupiter.api.extension.RegisterExtension;
 import org.junit.jupiter.params.ParameterizedTest;
 import org.junit.jupiter.params.provider.EnumSource;
-import tarnwick.sim.SimEvents;
+import tarnwick.sim.SimDevice;
 import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.wrapper.event.zel_fnd_event_manager;
 
@@ -39,7 +39,7 @@ class StopFromListenerTest {
     }
 
     private static void assertObservers(int count) {
-        for (String facade : ListenedProxy.FACADES) assertEquals(count, SimEvents.observerCount(facade), facade);
+        for (String facade : ListenedProxy.FACADES) assertEquals(count, SimDevice.observerCount(facade), facade);
     }
 
     // The notification ran to its end: its last trace line is the end line.

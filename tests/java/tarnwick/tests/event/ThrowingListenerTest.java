@@ -14,7 +14,7 @@ import org.junit.jupiter.api.Test;
 import org.junit.jupiter.api.extension.RegisterExtension;
 import org.junit.jupiter.params.ParameterizedTest;
 import org.junit.jupiter.params.provider.EnumSource;
-import tarnwick.sim.SimEvents;
+import tarnwick.sim.SimCommon;
 import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.controller.event.proxy.CommonProxy;
 import tarnwick.zel.controller.event.proxy.SynchronousEventProxy;
@@ -99,7 +99,7 @@ class ThrowingListenerTest {
                 return true;
             }
         });
-        assertArrayEquals(new long[] {0x04010206L}, SimEvents.requestActivate(12, 5));
+        assertArrayEquals(new long[] {0x04010206L}, SimCommon.requestActivate(12, 5));
         assertEquals(1, asked.get());
         assertEquals(List.of("3 request_activate,[Start]", "0 request_activate,failed."),
                 SimDeviceExtension.trace("zel_fnd_common_observer"));

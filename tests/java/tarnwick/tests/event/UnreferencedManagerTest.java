@@ -11,7 +11,7 @@ import java.util.concurrent.atomic.AtomicInteger;
 import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.Test;
 import org.junit.jupiter.api.extension.RegisterExtension;
-import tarnwick.sim.SimEvents;
+import tarnwick.sim.SimPanel;
 import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.wrapper.event.zel_fnd_event_manager;
 
@@ -47,7 +47,7 @@ class UnreferencedManagerTest {
         collect();
         assertNotNull(weak.get());
         for (int i = 1; i <= 3; i++) {
-            assertArrayEquals(new long[] {0L}, SimEvents.keyEvent(i, 0));
+            assertArrayEquals(new long[] {0L}, SimPanel.keyEvent(i, 0));
             collect();
         }
         assertEquals(3, keys.get());
@@ -57,7 +57,7 @@ class UnreferencedManagerTest {
         assertEquals(1, started.size());
         started.get(0).terminate();
         started = null;
-        assertArrayEquals(new long[0], SimEvents.keyEvent(4, 0));
+        assertArrayEquals(new long[0], SimPanel.keyEvent(4, 0));
         for (int i = 0; i < 20 && weak.get() != null; i++) collect();
         assertNull(weak.get());
         assertEquals(3, keys.get());
