@@ -6,6 +6,8 @@
 # listing the generated files would run the rule twice at once under the Makefile generator, one
 # run deleting the folder the other compiles. A jar made from the Java classes follows the
 # classes themselves (its own dependency file, see javac-jar.sh).
+# -doxygen carries the /** */ comments of the headers and interface files into the Java classes
+# (the API reference); the generated code is the same with or without it.
 # The interface file's first line reads "// package <java.package>"; the module class is the
 # interface's %module name followed by "JNI". The folders of TOVR_NATIVE_DIRS are SWIG's
 # include path.
@@ -29,7 +31,7 @@ function(tovr_swig_module iface java_root out_source)
     # The package folder belongs to this module alone: stale classes of removed types go.
     COMMAND ${CMAKE_COMMAND} -E remove_directory ${java_dir}
     COMMAND ${CMAKE_COMMAND} -E make_directory ${java_dir}
-    COMMAND ${SWIG_EXECUTABLE} -c++ -java -package ${package} -outdir ${java_dir}
+    COMMAND ${SWIG_EXECUTABLE} -c++ -java -doxygen -package ${package} -outdir ${java_dir}
             ${include_flags} -MMD -MF ${depfile}
             -o ${source} ${iface}
     DEPENDS ${iface}

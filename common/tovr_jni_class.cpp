@@ -16,7 +16,7 @@ JavaClass::~JavaClass() {
         jsize vms = 0;
         JNIEnv* env = nullptr;
         if (JNI_GetCreatedJavaVMs(&vm, 1, &vms) == JNI_OK && vms > 0 &&
-            vm->GetEnv(reinterpret_cast<void**>(&env), kJniVersion) == JNI_OK) {
+            vm->GetEnv(reinterpret_cast<void**>(&env), kJniVersion) == JNI_OK && env != nullptr) {
             env->DeleteGlobalRef(cls);
         }
     }

@@ -10,6 +10,10 @@
 
 namespace tarnwick {
 
+/**
+ * Makes {@code tarnwick.zel.box.document.RemovableMemoryFileImpl} objects: an entry of the document
+ * box or of removable memory (its info and whether it is a file).
+ */
 class zel_fnd_removable_memory_file {
 public:
     zel_fnd_removable_memory_file();
@@ -20,7 +24,7 @@ public:
     void set_field_isfile(jobject obj, bool isfile);
 
 private:
-    // False, with a ClassCastException thrown, when `obj` is not of `cls`.
+    /** False, with a ClassCastException thrown, when `obj` is not of `cls`. */
     static bool accepts(JNIEnv* env, jobject obj, jclass cls, const char* what);
 
     jni::GlobalClass m_class;

@@ -18,6 +18,7 @@
 %include <std_string.i>
 %include <std_except.i>
 %include <arrays_java.i>
+%include "tovr_loader.i"
 
 %{
 #include <cstdint>

@@ -18,7 +18,8 @@
 #include "cmt_address_book.h"
 #include "cmt_fax_info.h"
 #include "fake_jvm.h"
-#include "job_test_util.h"
+#include "sim_fixture.h"
+#include "tovr_sim_job.h"
 #include "tovr_sim_address.h"
 
 namespace {
@@ -187,7 +188,7 @@ jobject JNICALL pop_local_frame(JNIEnv*, jobject keep) {
     return keep;
 }
 
-class AddressBookSearch : public ::testing::Test {
+class AddressBookSearch : public sim_test::SimDeviceTest {
 protected:
     void SetUp() override {
         vm_ = std::make_unique<Vm>();
@@ -220,15 +221,12 @@ protected:
         fake_jvm::control().env = &env_;
         saved_ = tarnwick::CJvm::ms_jvm;
         tarnwick::CJvm::ms_jvm = fake_jvm::vm();
-        tovr_sim::reset();
-        tovr_sim::reset_address_book();
-        tovr_sim::clear_trace();
+        SimDeviceTest::SetUp();
     }
     void TearDown() override {
         tarnwick::CJvm::ms_jvm = saved_;
         fake_jvm::reset();
-        tovr_sim::reset();
-        tovr_sim::reset_address_book();
+        SimDeviceTest::TearDown();
         g_vm = nullptr;
     }
     jobject key(const char* name) {
@@ -339,8 +337,8 @@ TEST_F(AddressBookSearch, KeyNameCharactersAreKeptOnTheFailurePathsAfterTheyAreT
     EXPECT_EQ(1, tovr_sim::open_resources(tovr_sim::kAddressSearch));
     EXPECT_EQ(0, tovr_sim::outstanding_blocks());
     EXPECT_EQ(0, g_vm->violations);
-    EXPECT_EQ(job_test::Line({0, "search_personal_address,personalObjArray == NULL"}),
-              job_test::lines_of("cmt_address_book").back());
+    EXPECT_EQ(sim_test::Line({0, "search_personal_address,personalObjArray == NULL"}),
+              sim_test::lines_of("cmt_address_book").back());
     // Missing keys take nothing.
     EXPECT_EQ(nullptr, search(nullptr));
     EXPECT_EQ(3, g_vm->utf_taken);
@@ -379,13 +377,13 @@ TEST_F(AddressBookSearch, MissingKeyClassGivesNullBeforeTheFacade) {
     EXPECT_EQ(nullptr, search("x"));
     EXPECT_TRUE(tovr_sim::calls().empty());
     EXPECT_EQ(0, g_vm->violations);
-    EXPECT_EQ(job_test::Line({0, "search_personal_address,Fail to find tarnwick/address/SearchKey."}),
-              job_test::lines_of("cmt_address_book").back());
+    EXPECT_EQ(sim_test::Line({0, "search_personal_address,Fail to find tarnwick/address/SearchKey."}),
+              sim_test::lines_of("cmt_address_book").back());
 }
 
 TEST_F(AddressBookSearch, BuilderWithoutEnvironmentTracesAndCreatesNothing) {
     fake_jvm::control().get_env_result = JNI_EDETACHED;
     tarnwick::cmt_fax_info fax;
     EXPECT_EQ(nullptr, fax.create_object());
-    EXPECT_EQ((std::vector<job_test::Line>{{0, "cmt_fax_info,Fail to get JNIEnv."}}), job_test::lines_of("cmt_fax_info"));
+    EXPECT_EQ((std::vector<sim_test::Line>{{0, "cmt_fax_info,Fail to get JNIEnv."}}), sim_test::lines_of("cmt_fax_info"));
 }

@@ -1,0 +1,57 @@
+// A simulated facade that has observers: its observers and its notification thread.
+#ifndef TOVR_SIM_OBSERVED_H
+#define TOVR_SIM_OBSERVED_H
+
+#include <functional>
+#include <future>
+#include <memory>
+
+#include "tovr_sim_threads.h"
+
+namespace tovr_sim {
+
+// The observers of one facade and the facade's notification thread: every simulated facade
+// with observers keeps them in one of these (the job facades too, see tovr_sim_job.h).
+template <typename Observer>
+class ObservedFacade {
+public:
+    explicit ObservedFacade(const char* thread_name) : thread_(new FacadeThread(thread_name)) {}
+
+    ObserverSet<Observer>& observers() { return observers_; }
+
+    // Runs `fn` for every registered observer on the facade's thread; the future carries one
+    // answer per observer, in registration order.
+    std::future<Answers> post(std::function<unsigned long(Observer*)> fn) {
+        auto answers = std::make_shared<std::promise<Answers>>();
+        std::future<Answers> out = answers->get_future();
+        thread_->post([this, fn, answers]() -> unsigned long {
+            Answers a = observers_.deliver(fn);
+            answers->set_value(a);
+            return static_cast<unsigned long>(a.size());
+        });
+        return out;
+    }
+
+    // Delivers before it returns and answers what the observers answered: in place on the
+    // facade's own thread, else on that thread while the caller waits. Raised on another
+    // facade's thread (an observer there calling into this facade) it is queued instead and
+    // answers nothing: two facade threads waiting for each other would hold both for good.
+    Answers raise(std::function<unsigned long(Observer*)> fn) {
+        if (thread_->on_this_thread()) return observers_.deliver(fn);
+        if (FacadeThread::on_a_facade_thread()) {
+            post(std::move(fn));
+            return {};
+        }
+        return post(std::move(fn)).get();
+    }
+
+    bool on_facade_thread() const { return thread_->on_this_thread(); }
+
+private:
+    ObserverSet<Observer> observers_;
+    FacadeThread* thread_;  // lives as long as the process
+};
+
+}  // namespace tovr_sim
+
+#endif
