@@ -14,6 +14,12 @@ trap 'rm -f "$log"' EXIT
 # do: they call the library faster and from more interleavings. TOVR_JVM_ARCHIVE: a class data
 # archive of the console launcher (made by the build), mapped when it is there.
 # TOVR_JVM_OPTIONS: further VM options of one test (word-split on purpose).
+# TOVR_TEST_DEFAULTS: "NAME=value ..." set for the test where the caller's environment has no NAME
+# (the test command's sizes, which scripts/stress.sh overrides).
+for pair in ${TOVR_TEST_DEFAULTS:-}; do
+  name=${pair%%=*}
+  [ -n "${!name+set}" ] || export "$pair"
+done
 quick=(-XX:TieredStopAtLevel=1 -XX:+UseSerialGC)
 [ -n "${TOVR_JVM_DEFAULTS:-}" ] && quick=()
 archive=()
