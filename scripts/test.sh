@@ -141,6 +141,9 @@ stale_check() {  # under CMake's default generator (Make) and under Ninja
 
 test_stage() {  # stage: waits for its build, then runs its tests
   local name=$1
+  # The host suite holds the tests that wait for events with deadlines (the examples' scenarios
+  # and panel): the other stages' tests give way to it, and to the builds.
+  [ "$name" = host ] || renice -n 5 -p "$BASHPID" >/dev/null
   if [ "$name" != stale ]; then
     while [ ! -f "$state/$name.built" ]; do sleep 0.2; done
     if [ "$(recorded "$name.built")" != ok ]; then
@@ -177,6 +180,8 @@ else
   # The device build comes after the PowerPC one, whose objects it takes from the compiler cache.
   stages=(host stale asan ppc device tsan)
 fi
+# The stages run in the background, where a shell ignores Ctrl-C: an interrupt ends them all.
+trap 'trap - INT TERM; kill 0 2>/dev/null; exit 130' INT TERM
 ( for s in "${stages[@]}"; do [ "$s" = stale ] || build_stage "$s"; done ) &
 testers=()
 for s in "${stages[@]}"; do
