@@ -5,7 +5,6 @@
 
 %include "tovr_conventions.i"
 %include <stdint.i>
-%include "enumtypeunsafe.swg"
 %include "esv_zel_max_sizes.i"
 
 %{
@@ -18,20 +17,6 @@
 using namespace tarnwick;
 %}
 
-// No native exception leaves a wrapper function: a failed allocation inside an operation is the
-// table's OutOfMemoryError, anything else a RuntimeException with the exception's text.
-%exception {
-  try {
-    $action
-  } catch (const std::bad_alloc&) {
-    SWIG_JavaThrowException(jenv, SWIG_JavaOutOfMemoryError, "native memory allocation failed");
-    return $null;
-  } catch (const std::exception& e) {
-    SWIG_JavaThrowException(jenv, SWIG_JavaRuntimeException, e.what());
-    return $null;
-  }
-}
-
 // Text members read back bounded by their size; bytes that are not modified UTF-8 (a setter
 // cut inside a character) are converted rather than handed to NewStringUTF as they stand.
 %typemap(out) char [ANY] %{
@@ -41,6 +26,7 @@ using namespace tarnwick;
   }
 %}
 
+TOVR_STATIC(tarnwick::zel_fnd_document_manager::zel_fnd_get_instance)
 %include "esv_zel_address_types.h"
 %include "ZEL_FND_BOX_DETAIL_INFO.h"
 %include "zel_fnd_removable_memory_file_info.h"
