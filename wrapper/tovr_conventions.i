@@ -216,6 +216,7 @@ struct tovr_utf_in {
                   long NAME, const long &NAME, unsigned long NAME, const unsigned long &NAME,
                   long long NAME, const long long &NAME, unsigned long long NAME, const unsigned long long &NAME,
                   float NAME, const float &NAME, double NAME, const double &NAME,
+                  size_t NAME, const size_t &NAME, std::size_t NAME, const std::size_t &NAME,
                   char *NAME, char *&NAME, char NAME[ANY], char NAME[],
                   std::string NAME, const std::string &NAME,
                   enum SWIGTYPE NAME, const enum SWIGTYPE &NAME,
@@ -237,7 +238,7 @@ struct tovr_utf_in {
     LIVE $javaclassname ret = new $javaclassname($jnicall, $owner);
     KEEP return ret;
   }
-%typemap(javaout) SWIGTYPE *NAME, SWIGTYPE NAME[] {
+%typemap(javaout) SWIGTYPE *NAME, SWIGTYPE *const NAME, SWIGTYPE NAME[] {
     LIVE long cPtr = $jnicall;
     if (cPtr == 0) return null;
     $javaclassname ret = new $javaclassname(cPtr, $owner);
