@@ -67,6 +67,15 @@ jclass JavaClass::find(JNIEnv* env) {
     return cls;
 }
 
+jclass JavaClass::require(JNIEnv* env) {
+    jclass cls = get(env);
+    if (cls == nullptr && !env->ExceptionCheck()) {
+        LocalRef<jclass> error(env, env->FindClass("java/lang/NoClassDefFoundError"));
+        if (error) env->ThrowNew(error.get(), path_);
+    }
+    return cls;
+}
+
 jmethodID JavaClass::method(std::size_t i) const {
     if (i >= count_ || class_.load(std::memory_order_acquire) == nullptr) return nullptr;
     return static_cast<jmethodID>(ids_[i]);

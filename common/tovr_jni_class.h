@@ -54,6 +54,10 @@ public:
     // Safe from any number of threads at once.
     jclass get(JNIEnv* env);
 
+    // As get(), for a caller that leaves its failures to its Java caller: a class that cannot be
+    // found leaves NoClassDefFoundError (naming the class) pending.
+    jclass require(JNIEnv* env);
+
     // After get() answered the class: member `i` of the list given at construction, null when
     // the class has none such. Before that, null.
     jmethodID method(std::size_t i) const;

@@ -102,6 +102,15 @@ struct tovr_utf_in {
 }
 %typemap(freearg) char *, char[ANY], char[] ""
 
+// Text members read back bounded by their size and made fit for NewStringUTF, by the library's one
+// field-to-string conversion (tovr_jni_text.h).
+%{
+#include "tovr_jni_text.h"
+%}
+%typemap(out) char [ANY] %{
+  if ($1) $result = tarnwick::jni::new_field_string(jenv, $1, $1_dim0);
+%}
+
 // ---------------------------------------------------------------------------------------------
 // Java proxies.
 //
