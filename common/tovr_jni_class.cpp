@@ -6,17 +6,52 @@
 namespace tarnwick {
 namespace jni {
 
+namespace {
+
+std::mutex& holders_lock() {
+    static std::mutex m;
+    return m;
+}
+
+JavaClass*& holders() {
+    static JavaClass* first = nullptr;
+    return first;
+}
+
+}  // namespace
+
 JavaClass::JavaClass(const char* path, const Member* members, std::size_t count)
-    : path_(path), members_(members), count_(count), ids_(new void*[count]()) {}
+    : path_(path), members_(members), count_(count), ids_(new void*[count]()) {
+    std::lock_guard<std::mutex> lock(holders_lock());
+    next_ = holders();
+    holders() = this;
+}
+
+void JavaClass::forget_all() {
+    std::lock_guard<std::mutex> lock(holders_lock());
+    for (JavaClass* h = holders(); h != nullptr; h = h->next_) {
+        h->class_.store(nullptr, std::memory_order_release);
+        for (std::size_t i = 0; i < h->count_; ++i) h->ids_[i] = nullptr;
+    }
+}
 
 JavaClass::~JavaClass() {
+    {
+        std::lock_guard<std::mutex> lock(holders_lock());
+        for (JavaClass** p = &holders(); *p != nullptr; p = &(*p)->next_) {
+            if (*p == this) {
+                *p = next_;
+                break;
+            }
+        }
+    }
     jclass cls = class_.load(std::memory_order_acquire);
     if (cls != nullptr) {
         JavaVM* vm = nullptr;
         jsize vms = 0;
         JNIEnv* env = nullptr;
         if (JNI_GetCreatedJavaVMs(&vm, 1, &vms) == JNI_OK && vms > 0 &&
-            vm->GetEnv(reinterpret_cast<void**>(&env), kJniVersion) == JNI_OK) {
+            vm->GetEnv(reinterpret_cast<void**>(&env), kJniVersion) == JNI_OK && env != nullptr) {
             env->DeleteGlobalRef(cls);
         }
     }

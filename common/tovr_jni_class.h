@@ -70,6 +70,10 @@ public:
 
     const char* path() const { return path_; }
 
+    // Every holder of the process forgets its class and IDs without releasing them, as if never
+    // used: for tests that replace the VM between cases. Not while any holder is in use.
+    static void forget_all();
+
 private:
     jclass find(JNIEnv* env);
 
@@ -79,6 +83,7 @@ private:
     void** const ids_;  // one per member; written before class_ is published
     std::atomic<jclass> class_{nullptr};
     std::mutex lookup_;
+    JavaClass* next_ = nullptr;  // every holder of the process, for forget_all()
 };
 
 }  // namespace jni

@@ -99,3 +99,35 @@ TEST(JavaClassJvm, ThreadsThatMeetAtTheFirstUseSeeOneClass) {
     for (jclass c : seen) EXPECT_EQ(seen[0], c);
     EXPECT_NE(nullptr, seen[0]);
 }
+
+TEST(JavaClassJvm, RequireLeavesNoClassDefFoundErrorPendingForAMissingClass) {
+    JNIEnv* env = env_of_this_thread();
+    ASSERT_NE(nullptr, env);
+    const jni::Member members[] = {{jni::Member::kConstructor, "<init>", "()V"}};
+    jni::JavaClass missing("tovrtest/NoSuchClass", members);
+    EXPECT_EQ(nullptr, missing.require(env));
+    ASSERT_TRUE(env->ExceptionCheck());
+    jni::LocalRef<jthrowable> pending(env, env->ExceptionOccurred());
+    env->ExceptionClear();
+    jni::LocalRef<jclass> error(env, env->FindClass("java/lang/NoClassDefFoundError"));
+    EXPECT_TRUE(env->IsInstanceOf(pending.get(), error.get()));
+
+    jni::JavaClass portal("tovrtest/Portal", kPortalMembers);
+    EXPECT_NE(nullptr, portal.require(env));
+    EXPECT_FALSE(env->ExceptionCheck());
+}
+
+TEST(JavaClassJvm, ForgetAllMakesEveryHolderLookAgain) {
+    JNIEnv* env = env_of_this_thread();
+    ASSERT_NE(nullptr, env);
+    jni::JavaClass portal("tovrtest/Portal", kPortalMembers);
+    jclass first = portal.get(env);
+    ASSERT_NE(nullptr, first);
+    jni::JavaClass::forget_all();
+    EXPECT_EQ(nullptr, portal.field(kName));
+    jclass again = portal.get(env);
+    ASSERT_NE(nullptr, again);
+    EXPECT_TRUE(env->IsSameObject(first, again));
+    EXPECT_NE(nullptr, portal.field(kName));
+    env->DeleteGlobalRef(first);
+}
