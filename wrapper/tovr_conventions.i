@@ -136,8 +136,18 @@ struct tovr_utf_in {
     swigCPtr = cPtr;
   }
 
+  // An argument's handle. A deleted object is refused here, before the native call, wherever
+  // it is passed (the native side would take its handle as it stands).
   protected static long getCPtr($javaclassname obj) {
-    return (obj == null) ? 0 : obj.swigCPtr;
+    if (obj == null) return 0;
+    if (obj.swigCPtr == 0) throw obj.swigDeleted();
+    return obj.swigCPtr;
+  }
+
+  // The handle of a record an embedded member is copied from (after the owner's own test).
+  protected static long swigSource($javaclassname obj) {
+    if (obj == null) throw new NullPointerException("null $javaclassname");
+    return getCPtr(obj);
   }
 
   protected static long swigRelease($javaclassname obj) {
@@ -269,6 +279,16 @@ TOVR_JAVAOUT(if (swigCPtr == 0) throw swigDeleted();, swigLent = true; ret.swigO
 // refuses the handle test in a static method, so a missing one is found at build time.
 %define TOVR_STATIC(NAME)
 TOVR_JAVAOUT(, , NAME)
+%enddef
+
+// The setter of an embedded record member copies the whole record from the one it is given,
+// without testing its handle: a null value is refused before the native call (NullPointerException
+// "null <record>"), after the owner's own test. Name each embedded member, its type as declared,
+// before its header's %include: TOVR_EMBEDDED(ESV_ZEL_NAME_INFO, name_info). (A pointer argument
+// of a function stays free to be null; SWIG gives a setter's parameter the member's name, which
+// is what tells them apart. EmbeddedMemberTest finds a member left out.)
+%define TOVR_EMBEDDED(TYPE, MEMBER)
+%typemap(javain) TYPE *MEMBER "$javaclassname.swigSource($javainput)"
 %enddef
 
 // ---------------------------------------------------------------------------------------------

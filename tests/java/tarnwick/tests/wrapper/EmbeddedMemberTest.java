@@ -188,4 +188,45 @@ class EmbeddedMemberTest {
         assertEquals("Alice", copy.getName_info().getName());
         copy.delete();
     }
+
+    /** The setter of the member of `m`. */
+    static Method setter(Member m) throws NoSuchMethodException {
+        return m.owner.getMethod("s" + m.getter.getName().substring(1), m.getter.getReturnType());
+    }
+
+    /**
+     * Every embedded member's setter refuses null with NullPointerException "null <record>" and a
+     * deleted record with IllegalStateException "<record> has been deleted", before the native
+     * call (which would copy from the handle untested): the member keeps what it held.
+     */
+    @Test
+    void everyEmbeddedSetterRefusesNullAndDeletedRecords() throws Exception {
+        List<String> wrong = new ArrayList<>();
+        int checked = 0;
+        for (Member m : members()) {
+            Method set = setter(m);
+            Class<?> type = m.getter.getReturnType();
+            Object owner = m.newOwner();
+            for (Method[] t : m.texts) t[0].invoke(m.getter.invoke(owner), "kept");
+            Object deleted = type.getConstructor().newInstance();
+            type.getMethod("delete").invoke(deleted);
+            Object[][] cases = {{null, NullPointerException.class, "null " + type.getSimpleName()},
+                                {deleted, IllegalStateException.class, type.getSimpleName() + " has been deleted"}};
+            for (Object[] c : cases) {
+                try {
+                    set.invoke(owner, c[0]);
+                    wrong.add(m.name() + "(" + c[0] + "): returned");
+                } catch (java.lang.reflect.InvocationTargetException e) {
+                    Throwable t = e.getCause();
+                    if (t.getClass() != c[1] || !c[2].equals(t.getMessage())) wrong.add(m.name() + ": " + t);
+                }
+            }
+            for (Method[] t : m.texts) {
+                if (!"kept".equals(t[1].invoke(m.getter.invoke(owner)))) wrong.add(m.name() + " " + t[1].getName() + " changed");
+            }
+            checked++;
+        }
+        assertEquals(List.of(), wrong);
+        assertTrue(checked >= 25, "embedded setters checked: " + checked);
+    }
 }

@@ -17,6 +17,21 @@ final class ProxyClasses {
 
     /** Every class of the library's wrapper packages that holds a native handle. */
     static List<Class<?>> all() throws Exception {
+        List<Class<?>> out = classes(true);
+        if (out.size() < 40) throw new AssertionError("too few proxy classes found: " + out.size());
+        return out;
+    }
+
+    /** The module classes (the static functions and constants of each module), JNI classes left out. */
+    static List<Class<?>> modules() throws Exception {
+        List<Class<?>> out = new ArrayList<>();
+        for (Class<?> c : classes(false)) {
+            if (!c.getSimpleName().endsWith("JNI") && !c.isInterface() && !c.isEnum()) out.add(c);
+        }
+        return out;
+    }
+
+    private static List<Class<?>> classes(boolean proxies) throws Exception {
         File jar = new File(tarnwick.zel.wrapper.system.cmt_commonJNI.class.getProtectionDomain().getCodeSource()
                 .getLocation().toURI());
         ClassLoader loader = tarnwick.zel.wrapper.system.cmt_commonJNI.class.getClassLoader();
@@ -26,10 +41,9 @@ final class ProxyClasses {
                 String n = e.nextElement().getName();
                 if (!n.startsWith("tarnwick/zel/wrapper/") || !n.endsWith(".class") || n.contains("$")) continue;
                 Class<?> c = Class.forName(n.substring(0, n.length() - 6).replace('/', '.'), false, loader);
-                if (handleField(c) != null) out.add(c);
+                if ((handleField(c) != null) == proxies) out.add(c);
             }
         }
-        if (out.size() < 40) throw new AssertionError("too few proxy classes found in " + jar + ": " + out.size());
         return out;
     }
 
