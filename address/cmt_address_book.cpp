@@ -29,9 +29,8 @@ constexpr unsigned int kCountBatch = 20;
 constexpr std::size_t kCountBufferSize = kCountBatch * sizeof(ESV_ZEL_PERSONAL_ADDRESS);  // 42400
 static_assert(kCountBufferSize == 42400, "20 records");
 
-// Local references one address needs: six sub-objects, the address and up to 28 strings, one
-// at a time.
-constexpr jint kAddressFrame = 16;
+// Local references one address makes: six sub-objects, the address and its 17 strings.
+constexpr jint kAddressFrame = 32;
 
 const char kSearchKeyClass[] = "tarnwick/address/SearchKey";
 

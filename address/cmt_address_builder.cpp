@@ -30,19 +30,21 @@ jfieldID cmt_address_builder::field(std::size_t i) const { return found_ != null
 
 jobject cmt_address_builder::create_object() {
     if (found_ == nullptr || class_.method(0) == nullptr) return nullptr;
+    // NewObject answers null exactly when the constructor threw (or no object could be had).
     jobject obj = class_.create(env_, 0);
-    if (jni::failed(env_)) {
-        if (obj != nullptr) env_->DeleteLocalRef(obj);
-        return nullptr;
-    }
+    if (obj == nullptr) jni::failed(env_);
     return obj;
 }
 
+// The string is a local reference of the search's frame for this address.
 void cmt_address_builder::set_text(jobject obj, jfieldID id, const char* value) {
     if (env_ == nullptr || obj == nullptr || id == nullptr || value == nullptr) return;
-    jni::LocalRef<jstring> s(env_, jni::new_field_string(env_, value, std::strlen(value) + 1));
-    if (jni::failed(env_) || !s) return;
-    env_->SetObjectField(obj, id, s.get());
+    jstring s = jni::new_field_string(env_, value, std::strlen(value) + 1);
+    if (s == nullptr) {
+        jni::failed(env_);  // no room for it: described and cleared, the field stays as it was
+        return;
+    }
+    env_->SetObjectField(obj, id, s);
 }
 
 void cmt_address_builder::set_byte(jobject obj, jfieldID id, signed char value) {

@@ -151,17 +151,15 @@ int zel_fnd_document_manager::zel_fnd_get_easy_box_list(const std::string& path,
             jni::LocalFrame frame(env, kEntryFrame);
             if (!frame.ok()) return fail();
             using info_t = zel_fnd_removable_memory_file_info;
+            // NewObject answers null exactly when no object could be made (its exception pending).
             jobject info = info_t::make(env);
-            if (jni::pending(env) || info == nullptr) return fail();
-            info_t::put_text(env, info, info_t::kName, FieldText(easy_box_info->name).c_str());
-            if (jni::pending(env)) return fail();
+            if (info == nullptr) return fail();
+            if (!info_t::put_text(env, info, info_t::kName, FieldText(easy_box_info->name).c_str())) return fail();
             info_t::put_data_size(env, info, easy_box_info->size);
-            info_t::put_date(env, info, date);
-            if (jni::pending(env)) return fail();
-            info_t::put_text(env, info, info_t::kPath, FieldText(easy_box_info->path).c_str());
-            if (jni::pending(env)) return fail();
+            if (!info_t::put_date(env, info, date)) return fail();
+            if (!info_t::put_text(env, info, info_t::kPath, FieldText(easy_box_info->path).c_str())) return fail();
             jobject file = zel_fnd_removable_memory_file::make(env);
-            if (jni::pending(env) || file == nullptr) return fail();
+            if (file == nullptr) return fail();
             zel_fnd_removable_memory_file::put_info(env, file, info);
             zel_fnd_removable_memory_file::put_isfile(env, file, type != ESV_ZEL_EASY_BOX_TYPE_FOLDER);
             env->CallBooleanMethod(list, add, file);

@@ -80,41 +80,43 @@ jobject zel_fnd_removable_memory_file_info::create_removable_memory_file_info() 
     return make(env);
 }
 
-void zel_fnd_removable_memory_file_info::put_text(JNIEnv* env, jobject obj, Text field, const char* text) {
+bool zel_fnd_removable_memory_file_info::put_text(JNIEnv* env, jobject obj, Text field, const char* text) {
     jfieldID id = info().field(field == kName ? kInfoName : kInfoPath);
-    if (text == nullptr) {
-        env->SetObjectField(obj, id, nullptr);
-        return;
+    jstring s = nullptr;
+    if (text != nullptr) {
+        s = env->NewStringUTF(text);
+        if (s == nullptr) return false;  // OutOfMemoryError pending for the caller
     }
-    jni::LocalRef<jstring> s(env, env->NewStringUTF(text));
-    if (!s) return;  // OutOfMemoryError pending for the caller
-    env->SetObjectField(obj, id, s.get());
+    env->SetObjectField(obj, id, s);
+    return true;
 }
 
 void zel_fnd_removable_memory_file_info::put_data_size(JNIEnv* env, jobject obj, unsigned long size) {
     env->SetLongField(obj, info().field(kInfoDataSize), static_cast<jlong>(static_cast<std::uint32_t>(size)));
 }
 
-void zel_fnd_removable_memory_file_info::put_date(JNIEnv* env, jobject obj, long seconds) {
+bool zel_fnd_removable_memory_file_info::put_date(JNIEnv* env, jobject obj, long seconds) {
     jni::JavaClass& cal = calendar();
     jclass c = cal.get(env);
     jmethodID get_instance = cal.method(kGetInstance);
     jmethodID set = cal.method(kSet);
     jmethodID get_time = cal.method(kGetTime);
-    if (c == nullptr || get_instance == nullptr || set == nullptr || get_time == nullptr) return;
+    if (c == nullptr || get_instance == nullptr || set == nullptr || get_time == nullptr) return true;
     time_t t = static_cast<time_t>(static_cast<std::int32_t>(seconds));  // 32-bit on the device
     struct tm local;
     std::memset(&local, 0, sizeof local);
-    if (emwCLBLocalTime_r(&t, &local) == nullptr) return;  // no calendar time: the date stays as it was
-    jni::LocalRef<jobject> now(env, env->CallStaticObjectMethod(c, get_instance));
-    if (jni::pending(env) || !now) return;
-    env->CallVoidMethod(now.get(), set, static_cast<jint>(local.tm_year + 1900), static_cast<jint>(local.tm_mon),
+    if (emwCLBLocalTime_r(&t, &local) == nullptr) return true;  // no calendar time: the date stays as it was
+    jobject now = env->CallStaticObjectMethod(c, get_instance);
+    if (jni::pending(env)) return false;
+    if (now == nullptr) return true;
+    env->CallVoidMethod(now, set, static_cast<jint>(local.tm_year + 1900), static_cast<jint>(local.tm_mon),
                         static_cast<jint>(local.tm_mday), static_cast<jint>(local.tm_hour),
                         static_cast<jint>(local.tm_min), static_cast<jint>(local.tm_sec));
-    if (jni::pending(env)) return;
-    jni::LocalRef<jobject> date(env, env->CallObjectMethod(now.get(), get_time));
-    if (jni::pending(env)) return;
-    env->SetObjectField(obj, info().field(kInfoDate), date.get());
+    if (jni::pending(env)) return false;
+    jobject date = env->CallObjectMethod(now, get_time);
+    if (jni::pending(env)) return false;
+    env->SetObjectField(obj, info().field(kInfoDate), date);
+    return true;
 }
 
 // Text from Java is modified UTF-8 already; made fit all the same, as any text a string is made of.

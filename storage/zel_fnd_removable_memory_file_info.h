@@ -38,10 +38,11 @@ private:
 
     enum Text { kName, kPath };
     // On an info object this library made, with the caller's environment (no instance test).
+    // The references they make are the caller's frame's. False: a Java exception is pending.
     static jobject make(JNIEnv* env);
-    static void put_text(JNIEnv* env, jobject obj, Text field, const char* text);
+    static bool put_text(JNIEnv* env, jobject obj, Text field, const char* text);
     static void put_data_size(JNIEnv* env, jobject obj, unsigned long size);
-    static void put_date(JNIEnv* env, jobject obj, long seconds);
+    static bool put_date(JNIEnv* env, jobject obj, long seconds);
     // The info class, for the file builder's instance test.
     static jclass info_class(JNIEnv* env);
 

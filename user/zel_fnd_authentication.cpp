@@ -258,8 +258,8 @@ unsigned int zel_fnd_authentication::get_local_user_list(jobject list) {
 
         jni::LocalFrame frame(env, kUserFrame);
         if (!frame.ok()) return fail();
-        jobject user = zel_fnd_user_info::make_user(env);
-        if (user == nullptr || jni::pending(env)) return fail();
+        jobject user = zel_fnd_user_info::make_user(env);  // null exactly when it could not be made
+        if (user == nullptr) return fail();
         zel_fnd_user_info::put_text(env, user, zel_fnd_user_info::kLoginName, FieldText(user_info->login_name).c_str());
         if (jni::pending(env)) return fail();
         zel_fnd_user_info::put_text(env, user, zel_fnd_user_info::kUserName, FieldText(user_info->user_name).c_str());

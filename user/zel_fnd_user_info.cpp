@@ -95,7 +95,8 @@ jobject zel_fnd_user_info::create_user_info() {
     return make_user(env);
 }
 
-// A null text makes an attribute holding null.
+// A null text makes an attribute holding null. The string and the attribute are local references
+// of the caller's frame (one per user in the list; the native call's own for a Java caller).
 void zel_fnd_user_info::put_text(JNIEnv* env, jobject user, Attribute attribute, const char* text) {
     jni::JavaClass& cls = attribute_class(attribute);
     jclass c = cls.require(env);
@@ -105,14 +106,14 @@ void zel_fnd_user_info::put_text(JNIEnv* env, jobject user, Attribute attribute,
         raise_missing(env, "java/lang/NoSuchMethodError", "<init>");
         return;
     }
-    jni::LocalRef<jstring> value;
+    jstring value = nullptr;
     if (text != nullptr) {
-        value.reset(env, env->NewStringUTF(text));
-        if (!value) return;
+        value = env->NewStringUTF(text);
+        if (value == nullptr) return;
     }
-    jni::LocalRef<jobject> made(env, env->NewObject(c, init, value.get()));
-    if (!made) return;
-    set_attribute(env, user, made.get());
+    jobject made = env->NewObject(c, init, value);
+    if (made == nullptr) return;
+    set_attribute(env, user, made);
 }
 
 void zel_fnd_user_info::put_access_level(JNIEnv* env, jobject user, ESV_ZEL_USER_RIGHTS level) {
@@ -128,9 +129,9 @@ void zel_fnd_user_info::put_access_level(JNIEnv* env, jobject user, ESV_ZEL_USER
         raise_missing(env, "java/lang/NoSuchFieldError", member == kAdmin ? "ADMIN" : "USER");
         return;
     }
-    jni::LocalRef<jobject> made(env, env->GetStaticObjectField(c, field));
+    jobject made = env->GetStaticObjectField(c, field);
     if (jni::pending(env)) return;
-    set_attribute(env, user, made.get());
+    set_attribute(env, user, made);
 }
 
 // Only a UserImpl is given the call: a null or foreign object would make the VM call a method on

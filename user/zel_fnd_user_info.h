@@ -17,9 +17,6 @@ class zel_fnd_authentication;
 namespace jni {
 class JavaClass;
 }
-namespace jni {
-class JavaClass;
-}
 
 class zel_fnd_user_info {
 public:
