@@ -10,22 +10,19 @@
 #include "cmt_account.h"
 #include "cmt_account_config.h"
 #include "cmt_account_manager.h"
-#include "user_test_util.h"
+#include "sim_fixture.h"
+#include "tovr_sim_user.h"
 
 using tarnwick::cmt_account;
 using tarnwick::cmt_account_config;
 using tarnwick::cmt_account_manager;
-using user_test::Line;
+using sim_test::Line;
 
 namespace {
 
-std::vector<Line> lines(const std::string& module, const std::string& op) { return user_test::op_lines(module, op); }
+std::vector<Line> lines(const std::string& module, const std::string& op) { return sim_test::op_lines(module, op); }
 
-class Accounts : public ::testing::Test {
-protected:
-    void SetUp() override { user_test::reset_device(); }
-    void TearDown() override { user_test::reset_device(); }
-};
+class Accounts : public sim_test::SimDeviceTest {};
 
 TEST_F(Accounts, ObjectIsTheRecordAfterTheVtable) {
     EXPECT_EQ(sizeof(void*) + sizeof(ESV_ZEL_DEPT_DEPTINFO), sizeof(cmt_account));

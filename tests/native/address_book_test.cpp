@@ -15,7 +15,7 @@
 #include "cmt_address_book.h"
 #include "cmt_fax_info.h"
 #include "fake_jvm.h"
-#include "job_test_util.h"
+#include "sim_fixture.h"
 #include "stand_in_vm.h"
 #include "tovr_sim_address.h"
 
@@ -27,7 +27,7 @@ using stand_in::Obj;
 
 stand_in::Vm* g_vm = nullptr;
 
-class AddressBookSearch : public ::testing::Test {
+class AddressBookSearch : public sim_test::SimDeviceTest {
 protected:
     void SetUp() override {
         vm_ = std::make_unique<stand_in::Vm>(std::set<std::string>{
@@ -41,13 +41,10 @@ protected:
             "tarnwick/zel/address/attribute/IfaxInfoImpl",
         });
         g_vm = vm_.get();
-        tovr_sim::reset();
-        tovr_sim::reset_address_book();
-        tovr_sim::clear_trace();
+        SimDeviceTest::SetUp();
     }
     void TearDown() override {
-        tovr_sim::reset();
-        tovr_sim::reset_address_book();
+        SimDeviceTest::TearDown();
         g_vm = nullptr;
         vm_.reset();
     }
@@ -152,8 +149,8 @@ TEST_F(AddressBookSearch, KeyNameCharactersAreKeptOnTheFailurePathsAfterTheyAreT
     EXPECT_EQ(1, tovr_sim::open_resources(tovr_sim::kAddressSearch));
     EXPECT_EQ(0, tovr_sim::outstanding_blocks());
     EXPECT_EQ(0, g_vm->violations);
-    EXPECT_EQ(job_test::Line({0, "search_personal_address,personalObjArray == NULL"}),
-              job_test::lines_of("cmt_address_book").back());
+    EXPECT_EQ(sim_test::Line({0, "search_personal_address,personalObjArray == NULL"}),
+              sim_test::lines_of("cmt_address_book").back());
     // Missing keys take nothing.
     EXPECT_EQ(nullptr, search(nullptr));
     EXPECT_EQ(3, g_vm->utf_taken);
@@ -192,13 +189,13 @@ TEST_F(AddressBookSearch, MissingKeyClassGivesNullBeforeTheFacade) {
     EXPECT_EQ(nullptr, search("x"));
     EXPECT_TRUE(tovr_sim::calls().empty());
     EXPECT_EQ(0, g_vm->violations);
-    EXPECT_EQ(job_test::Line({0, "search_personal_address,Fail to find tarnwick/address/SearchKey."}),
-              job_test::lines_of("cmt_address_book").back());
+    EXPECT_EQ(sim_test::Line({0, "search_personal_address,Fail to find tarnwick/address/SearchKey."}),
+              sim_test::lines_of("cmt_address_book").back());
 }
 
 TEST_F(AddressBookSearch, BuilderWithoutEnvironmentTracesAndCreatesNothing) {
     fake_jvm::control().get_env_result = JNI_EDETACHED;
     tarnwick::cmt_fax_info fax;
     EXPECT_EQ(nullptr, fax.create_object());
-    EXPECT_EQ((std::vector<job_test::Line>{{0, "cmt_fax_info,Fail to get JNIEnv."}}), job_test::lines_of("cmt_fax_info"));
+    EXPECT_EQ((std::vector<sim_test::Line>{{0, "cmt_fax_info,Fail to get JNIEnv."}}), sim_test::lines_of("cmt_fax_info"));
 }

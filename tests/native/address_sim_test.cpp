@@ -11,21 +11,14 @@
 
 #include "esv_zel_common_facade.h"
 #include "tovr_sim_address.h"
+#include "sim_fixture.h"
 
 namespace {
 
 tarnwick::esv_zel_common_facade* facade() { return tarnwick::esv_zel_common_facade::esv_zel_common_get_instance(); }
 
-class AddressSim : public ::testing::Test {
+class AddressSim : public sim_test::SimDeviceTest {
 protected:
-    void SetUp() override {
-        tovr_sim::reset();
-        tovr_sim::reset_address_book();
-    }
-    void TearDown() override {
-        tovr_sim::reset();
-        tovr_sim::reset_address_book();
-    }
     // Names found by one search of `per_fetch` records per fetch, and the fetch counts.
     std::vector<std::string> all(const char* key, unsigned int per_fetch, std::vector<unsigned int>* counts = nullptr) {
         unsigned int handle = 0, second = 0;

@@ -6,19 +6,19 @@
 #include <vector>
 
 #include "cmt_appinfo_proxy.h"
-#include "device_test_util.h"
+#include "sim_fixture.h"
+#include "tovr_sim_device.h"
+#include "tovr_sim_job.h"
 
-using device_test::args_of;
+using sim_test::args_of;
 using tarnwick::cmt_appinfo_proxy;
 
 namespace {
 
 const ESV_ZEL_ENTKEY kKey = static_cast<ESV_ZEL_ENTKEY>(17);
 
-class AppInfo : public ::testing::Test {
+class AppInfo : public sim_test::SimDeviceTest {
 protected:
-    void SetUp() override { device_test::reset_device(); }
-    void TearDown() override { device_test::reset_device(); }
     cmt_appinfo_proxy proxy;
 };
 
@@ -31,7 +31,7 @@ TEST_F(AppInfo, SetValueGivesTheFacadeCodeUnchanged) {
     EXPECT_EQ(0x04010501, proxy.set_value(kKey, 1));
     tovr_sim::force_result("esv_zel_systeminfo_set_value", 0x04010599);
     EXPECT_EQ(0x04010599, proxy.set_value(static_cast<ESV_ZEL_ENTKEY>(1), 1));
-    EXPECT_TRUE(device_test::lines_of("cmt_appinfo_proxy").empty());
+    EXPECT_TRUE(sim_test::lines_of("cmt_appinfo_proxy").empty());
 }
 
 TEST_F(AppInfo, RejectedKeyReadsAsZeroLikeAZeroValue) {
@@ -51,10 +51,7 @@ TEST_F(AppInfo, AllBitsReadAsMinusOneAndAsFourBillion) {
 }
 
 TEST_F(AppInfo, GetValueReturnsWhatAFailingFacadeWrote) {
-    tovr_sim::force("esv_zel_systeminfo_get_value", [](const tovr_sim::Params& p) {
-        *static_cast<unsigned int*>(p[1]) = 55;
-        return static_cast<long>(ESV_ZEL_SYSINFO_ERROR);
-    });
+    tovr_sim::force_output("esv_zel_systeminfo_get_value", ESV_ZEL_SYSINFO_ERROR, tovr_sim::output_value(1, 55u));
     EXPECT_EQ(55, proxy.get_value(kKey));
 }
 
@@ -62,10 +59,8 @@ TEST_F(AppInfo, StringValueIsEmptiedOnFailure) {
     tovr_sim::sysinfo_set_text(kKey, "abc");
     EXPECT_EQ("abc", proxy.get_string_value(kKey));
     EXPECT_EQ("", proxy.get_string_value(static_cast<ESV_ZEL_ENTKEY>(999)));
-    tovr_sim::force("esv_zel_systeminfo_get_value", [](const tovr_sim::Params& p) {
-        *static_cast<std::string*>(p[1]) = "partial";
-        return static_cast<long>(ESV_ZEL_SYSINFO_ERROR);
-    });
+    tovr_sim::force_output("esv_zel_systeminfo_get_value", ESV_ZEL_SYSINFO_ERROR,
+                           tovr_sim::output_text(1, "string", "partial"));
     EXPECT_EQ("", proxy.get_string_value(kKey));
 }
 
@@ -80,10 +75,7 @@ TEST_F(AppInfo, ChangeId) {
     EXPECT_EQ((std::vector<std::string>{"null", "0"}), args_of("esv_zel_panel_change_id")[2]);
     EXPECT_EQ("0", args_of("esv_zel_panel_change_id")[0][1]);  // output preset to 0
     // An identifier written before a failure is not handed on.
-    tovr_sim::force("esv_zel_panel_change_id", [](const tovr_sim::Params& p) {
-        *static_cast<unsigned int*>(p[1]) = 77;
-        return static_cast<long>(tovr_sim::kPanelError);
-    });
+    tovr_sim::force_output("esv_zel_panel_change_id", tovr_sim::kPanelError, tovr_sim::output_value(1, 77u));
     EXPECT_EQ(0u, proxy.change_id(name));
 }
 

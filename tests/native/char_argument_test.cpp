@@ -7,8 +7,9 @@
 #include <string>
 #include <vector>
 
+#include "sim_fixture.h"
 #include "stand_in_vm.h"
-#include "user_test_util.h"
+#include "tovr_sim_user.h"
 
 #define USERW(name) Java_tarnwick_zel_wrapper_user_ZELFNDUserJNI_##name
 #define BOXW(name) Java_tarnwick_zel_wrapper_box_zel_1fnd_1document_1box_1moduleJNI_##name
@@ -30,10 +31,10 @@ namespace {
 
 const char kIdm[] = "0123456789ABCDEF";
 
-class CharArgument : public ::testing::Test {
+class CharArgument : public sim_test::SimDeviceTest {
 protected:
     void SetUp() override {
-        user_test::reset_device();
+        SimDeviceTest::SetUp();
         tovr_sim::SimUser u;
         u.login_name = "alice";
         u.password = "secret";
@@ -44,7 +45,7 @@ protected:
     }
     void TearDown() override {
         USERW(delete_1zel_1fnd_1authentication)(env, nullptr, auth);
-        user_test::reset_device();
+        SimDeviceTest::TearDown();
     }
     stand_in::Vm vm{{"tarnwick/zel/box/document/RemovableMemoryFileInfoImpl"}};
     JNIEnv* env = nullptr;

@@ -7,21 +7,22 @@
 #include "CJvm.h"
 #include "fake_jvm.h"
 #include "tovr_sim.h"
+#include "sim_fixture.h"
 
 using tarnwick::CJvm;
 using tarnwick::cmt_init;
 
 namespace {
 
-class CmtInitTest : public ::testing::Test {
+class CmtInitTest : public sim_test::SimDeviceTest {
 protected:
     void SetUp() override {
         fake_jvm::reset();
-        tovr_sim::reset();
+        SimDeviceTest::SetUp();
         CJvm::ms_jvm = nullptr;
     }
     void TearDown() override {
-        tovr_sim::reset();
+        SimDeviceTest::TearDown();
         CJvm::ms_jvm = nullptr;
     }
 };

@@ -4,24 +4,15 @@
 
 #include <vector>
 
-#include "device_test_util.h"
+#include "sim_fixture.h"
+#include "tovr_sim_device.h"
 #include "tovr_sim_events.h"
 #include "tovr_sim_job.h"
 #include "zel_fnd_job_proxy.h"
 
 namespace {
 
-class DeviceSim : public ::testing::Test {
-protected:
-    void SetUp() override {
-        device_test::reset_device();
-        tovr_sim::reset_jobs();
-    }
-    void TearDown() override {
-        tovr_sim::reset_jobs();
-        device_test::reset_device();
-    }
-};
+class DeviceSim : public sim_test::SimDeviceTest {};
 
 TEST_F(DeviceSim, PrintedPagesAdvanceTheCounters) {
     tarnwick::zel_fnd_job_proxy proxy;

@@ -9,10 +9,12 @@
 #include <string>
 #include <vector>
 
-#include "device_test_util.h"
+#include "sim_fixture.h"
+#include "tovr_sim_device.h"
+#include "tovr_sim_job.h"
 
-using device_test::args_of;
-using device_test::Line;
+using sim_test::args_of;
+using sim_test::Line;
 
 #define SYSW(name) Java_tarnwick_zel_wrapper_device_attribute_CMT_1SystemInformationJNI_##name
 #define ICW(name) Java_tarnwick_zel_wrapper_device_attribute_CMT_1ICCardJNI_##name
@@ -110,16 +112,16 @@ struct StandInEnv {
 
 jlongArray as_java(LongArray& a) { return reinterpret_cast<jlongArray>(&a); }
 
-class DeviceWrapper : public ::testing::Test {
+class DeviceWrapper : public sim_test::SimDeviceTest {
 protected:
     void SetUp() override {
-        device_test::reset_device();
+        SimDeviceTest::SetUp();
         thrown().clear();
         info = SYSW(new_1CMT_1System_1Info)(&s.env, nullptr);
     }
     void TearDown() override {
         SYSW(delete_1CMT_1System_1Info)(&s.env, nullptr, info);
-        device_test::reset_device();
+        SimDeviceTest::TearDown();
     }
     StandInEnv s;
     jlong info = 0;
@@ -172,7 +174,7 @@ TEST_F(DeviceWrapper, CidAndDateNarrowToThirtyTwoBits) {
     EXPECT_EQ(9, out.elements[0]);
     EXPECT_EQ((std::vector<Line>{{3, "get_machine_info,(key = [3], cid = [5], value = [9])"},
                                  {3, "convert_retcode,ESV_ZEL_SYSINFO_OK"}}),
-              device_test::lines_of("cmt_system_info"));
+              sim_test::lines_of("cmt_system_info"));
     EXPECT_EQ(2, SYSW(CMT_1System_1Info_1set_1wakeup_1date)(&s.env, nullptr, info, nullptr, 6, 2147483649LL));
     EXPECT_EQ((std::vector<std::string>{"6", "-2147483647"}), args_of("esv_zel_set_wakeup_date")[0]);
 }
@@ -191,7 +193,7 @@ TEST_F(DeviceWrapper, ReaderTypeIsSignedOnEveryTarget) {
     EXPECT_EQ(2, ICW(CMT_1Device_1ICCard_1READ_1FELICA_1get)(&s.env, nullptr));
     EXPECT_EQ(JNI_TRUE, ICW(CMT_1Device_1ICCard_1setReaderType)(&s.env, nullptr, card, nullptr, 200));
     EXPECT_EQ((std::vector<Line>{{3, "setReaderType,[Enter] card_device_type = -56"}, {3, "setReaderType,true!!"}}),
-              device_test::lines_of("cmt_device_iccard"));
+              sim_test::lines_of("cmt_device_iccard"));
     EXPECT_EQ((std::vector<std::string>{"200"}), args_of("esv_zel_acc_set_iccard_read_type")[0]);
     EXPECT_EQ(0xC8, tovr_sim::acc_read_type());
     EXPECT_EQ(0, ICW(CMT_1Device_1ICCard_1getTypeCBlockNum)(&s.env, nullptr, card, nullptr, 1, 7));

@@ -15,6 +15,7 @@
 #include "tovr_sim.h"
 #include "tovr_sim_storage.h"
 #include "zel_fnd_document_manager.h"
+#include "sim_fixture.h"
 
 using tarnwick::zel_fnd_document_manager;
 
@@ -41,19 +42,16 @@ std::vector<Line> lines() {
 
 tarnwick::esv_zel_common_facade* common() { return tarnwick::esv_zel_common_facade::esv_zel_common_get_instance(); }
 
-class DocumentBox : public ::testing::Test {
+class DocumentBox : public sim_test::SimDeviceTest {
 protected:
     void SetUp() override {
-        tovr_sim::reset();
-        tovr_sim::box_reset();
-        tovr_sim::clear_trace();
+        SimDeviceTest::SetUp();
         fake_jvm::reset();
     }
     void TearDown() override {
         EXPECT_EQ(0, tovr_sim::open_resources(tovr_sim::kBoxListing));
         EXPECT_EQ(0, tovr_sim::open_resources("platform block"));
-        tovr_sim::box_reset();
-        tovr_sim::reset();
+        SimDeviceTest::TearDown();
         tarnwick::CJvm::ms_jvm = nullptr;
         fake_jvm::reset();
     }

@@ -18,6 +18,7 @@
 #include "zel_fnd_jobinfo_observer.h"
 #include "zel_fnd_panel_observer.h"
 #include "zel_fnd_panel_proxy.h"
+#include "sim_fixture.h"
 
 using tarnwick::zel_fnd_card_system;
 using tarnwick::zel_fnd_decode_card_data;
@@ -127,12 +128,8 @@ TEST(CardData, CountsPastTheEndOfAGuardedPartitionAreRefused) {
 
 // ----- panel proxy -----
 
-class PanelProxyTest : public ::testing::Test {
+class PanelProxyTest : public sim_test::SimDeviceTest {
 protected:
-    void SetUp() override {
-        tovr_sim::reset();
-        tovr_sim::clear_trace();
-    }
     tarnwick::zel_fnd_panel_proxy proxy;
 };
 
@@ -177,14 +174,16 @@ TEST_F(PanelProxyTest, ResultsAreTracedAs32BitHex) {
 
 // ----- manager and observers -----
 
-class ManagerTest : public ::testing::Test {
+class ManagerTest : public sim_test::SimDeviceTest {
 protected:
     void SetUp() override {
         fake_jvm::reset();
-        tovr_sim::reset();
-        tovr_sim::clear_trace();
+        SimDeviceTest::SetUp();
     }
-    void TearDown() override { fake_jvm::reset(); }
+    void TearDown() override {
+        SimDeviceTest::TearDown();
+        fake_jvm::reset();
+    }
 };
 
 TEST_F(ManagerTest, TerminateOfANeverStartedManagerCallsNoFacade) {

@@ -14,6 +14,7 @@
 #include "tovr_sim.h"
 #include "tovr_sim_flood.h"
 #include "zel_fnd_event_manager.h"
+#include "sim_fixture.h"
 
 namespace {
 
@@ -74,7 +75,7 @@ jint JNICALL get_env(JavaVM*, void** penv, jint) {
 JNIInvokeInterface_ g_invoke{nullptr, nullptr, nullptr, nullptr, attach, detach, get_env, attach};
 JavaVM g_vm{&g_invoke};
 
-class Flood : public ::testing::Test {
+class Flood : public sim_test::SimDeviceTest {
 protected:
     void SetUp() override {
         g_table.FindClass = find_class;
@@ -98,11 +99,11 @@ protected:
         g_fires = 0;
         fake_jvm::reset();
         fake_jvm::control().other_vm = &g_vm;
-        tovr_sim::reset();
+        SimDeviceTest::SetUp();
     }
     void TearDown() override {
         fake_jvm::reset();
-        tovr_sim::reset();
+        SimDeviceTest::TearDown();
     }
 };
 

@@ -10,26 +10,24 @@
 #include <vector>
 
 #include "cmt_device_iccard.h"
-#include "device_test_util.h"
+#include "sim_fixture.h"
+#include "tovr_sim_device.h"
+#include "tovr_sim_job.h"
 
-using device_test::args_of;
-using device_test::Line;
+using sim_test::args_of;
+using sim_test::Line;
 using tarnwick::CMT_Device_ICCard;
 
 namespace {
 
-std::vector<Line> lines() { return device_test::lines_of("cmt_device_iccard"); }
+std::vector<Line> lines() { return sim_test::lines_of("cmt_device_iccard"); }
 
 ESV_ZEL_ACC_FELICA_SETTING_INFO felica(const char* sys, const char* s1, const char* s2, unsigned char b1,
                                        unsigned char b2) {
     return ESV_ZEL_ACC_FELICA_SETTING_INFO{sys, s1, s2, b1, b2};
 }
 
-class ICCard : public ::testing::Test {
-protected:
-    void SetUp() override { device_test::reset_device(); }
-    void TearDown() override { device_test::reset_device(); }
-};
+class ICCard : public sim_test::SimDeviceTest {};
 
 TEST_F(ICCard, Constants) {
     EXPECT_EQ(-1, CMT_Device_ICCard::READER_UNKNOWN);
@@ -62,10 +60,8 @@ TEST_F(ICCard, FailedReaderInfoLeavesTheFields) {
     tovr_sim::acc_set_reader(0x10, 0x20, 3);
     ASSERT_TRUE(card.getReaderInfo());
     // The facade writes its record and fails: nothing reaches the object.
-    tovr_sim::force("esv_zel_acc_get_iccard_device_info", [](const tovr_sim::Params& p) {
-        *static_cast<ESV_ZEL_ACC_ICCARD_DEVICE_INFO*>(p[0]) = ESV_ZEL_ACC_ICCARD_DEVICE_INFO{1, 2, 3};
-        return 5L;
-    });
+    tovr_sim::force_output("esv_zel_acc_get_iccard_device_info", 5,
+                           tovr_sim::output_record(0, ESV_ZEL_ACC_ICCARD_DEVICE_INFO{1, 2, 3}));
     EXPECT_FALSE(card.getReaderInfo());
     tovr_sim::acc_set_reader(0x11, 0x21, 4);
     tovr_sim::force_result("esv_zel_acc_get_iccard_device_info", 5);
@@ -79,16 +75,10 @@ TEST_F(ICCard, ReaderStatus) {
     tovr_sim::acc_plug_reader(false);
     EXPECT_EQ(0, card.getReaderStatus());
     for (unsigned int status : {2u, 3u, 0xFFFFFFFFu}) {
-        tovr_sim::force("esv_zel_acc_get_rw_status", [status](const tovr_sim::Params& p) {
-            *static_cast<unsigned int*>(p[0]) = status;
-            return 0L;
-        });
+        tovr_sim::force_output("esv_zel_acc_get_rw_status", 0, tovr_sim::output_value(0, status));
         EXPECT_EQ(-1, card.getReaderStatus()) << status;
     }
-    tovr_sim::force("esv_zel_acc_get_rw_status", [](const tovr_sim::Params& p) {
-        *static_cast<unsigned int*>(p[0]) = 1;
-        return 1L;
-    });
+    tovr_sim::force_output("esv_zel_acc_get_rw_status", 1, tovr_sim::output_value(0, 1u));
     EXPECT_EQ(-1, card.getReaderStatus());  // failed query
 }
 

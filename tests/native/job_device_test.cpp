@@ -13,7 +13,8 @@
 
 #include "esv_zel_job_facade.h"
 #include "esv_zel_jobinfo_facade.h"
-#include "job_test_util.h"
+#include "sim_fixture.h"
+#include "tovr_sim_job.h"
 #include "zel_fnd_job_log_proxy.h"
 #include "zel_fnd_job_proxy.h"
 
@@ -67,10 +68,10 @@ private:
     std::vector<std::string> events_;
 };
 
-class JobDevice : public ::testing::Test {
+class JobDevice : public sim_test::SimDeviceTest {
 protected:
     void SetUp() override {
-        job_test::reset_device();
+        SimDeviceTest::SetUp();
         auto* job = tarnwick::esv_zel_job_facade::esv_zel_job_get_instance();
         auto* info = tarnwick::esv_zel_jobinfo_facade::esv_zel_jobinfo_get_instance();
         ASSERT_EQ(0, job->esv_zel_job_add_observer(&recorder));
@@ -79,7 +80,7 @@ protected:
     void TearDown() override {
         tarnwick::esv_zel_job_facade::esv_zel_job_get_instance()->esv_zel_job_remove_observer(&recorder);
         tarnwick::esv_zel_jobinfo_facade::esv_zel_jobinfo_get_instance()->esv_zel_jobinfo_remove_observer(&recorder);
-        job_test::reset_device();
+        SimDeviceTest::TearDown();
     }
 
     static ESV_ZEL_JOB_SEND_INFO mail(const char* address) {
@@ -460,7 +461,7 @@ TEST(JobWrapper, UnsignedFieldsWidenWithoutSign) {
 }
 
 TEST(JobWrapper, CharArraySizeAndConstantsReachNoFacade) {
-    job_test::reset_device();
+    sim_test::reset_device();
     jlong p = JOBW(new_1zel_1fnd_1job_1proxy)(nullptr, nullptr);
     EXPECT_EQ(128, JOBW(zel_1fnd_1job_1proxy_1get_1char_1array_1size)(nullptr, nullptr, p, nullptr, 1));
     EXPECT_EQ(0, JOBW(zel_1fnd_1job_1proxy_1get_1char_1array_1size)(nullptr, nullptr, p, nullptr, -1));
@@ -472,7 +473,7 @@ TEST(JobWrapper, CharArraySizeAndConstantsReachNoFacade) {
 }
 
 TEST(JobWrapper, IdsAndCertIdNarrowToThirtyTwoBits) {
-    job_test::reset_device();
+    sim_test::reset_device();
     tovr_sim::force_result("esv_zel_job_kick", 0x0401000C);
     tovr_sim::force_result("esv_zel_job_cancel", 0);
     jlong p = JOBW(new_1zel_1fnd_1job_1proxy)(nullptr, nullptr);

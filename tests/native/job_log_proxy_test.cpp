@@ -4,20 +4,19 @@
 
 #include <functional>
 
-#include "job_test_util.h"
+#include "sim_fixture.h"
+#include "tovr_sim_job.h"
 #include "zel_fnd_job_log_proxy.h"
 
-using job_test::Line;
+using sim_test::Line;
 using tarnwick::zel_fnd_job_log_proxy;
 
 namespace {
 
-std::vector<Line> log_lines() { return job_test::lines_of("zel_fnd_job_log_proxy"); }
+std::vector<Line> log_lines() { return sim_test::lines_of("zel_fnd_job_log_proxy"); }
 
-class JobLogProxy : public ::testing::Test {
+class JobLogProxy : public sim_test::SimDeviceTest {
 protected:
-    void SetUp() override { job_test::reset_device(); }
-    void TearDown() override { job_test::reset_device(); }
     zel_fnd_job_log_proxy proxy;
 };
 
@@ -76,7 +75,7 @@ TEST_F(JobLogProxy, EachOperationMakesItsOneCallWithItsTraces) {
          "delete_receive_info_list,[Start]", {}},
     };
     for (const Case& c : cases) {
-        job_test::reset_device();
+        sim_test::reset_device();
         tovr_sim::force_result(c.op, 0x04010004);
         EXPECT_EQ(4, c.call(proxy)) << c.op;
         const std::string name = std::string(c.entry).substr(0, std::string(c.entry).find(','));

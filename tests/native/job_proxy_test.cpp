@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <jni.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <memory>
@@ -11,21 +12,20 @@
 
 #include "CJvm.h"
 #include "fake_jvm.h"
-#include "job_test_util.h"
+#include "sim_fixture.h"
+#include "tovr_sim_job.h"
 #include "zel_fnd_job_proxy.h"
 
-using job_test::Line;
-using job_test::lines_of;
+using sim_test::Line;
+using sim_test::lines_of;
 using tarnwick::zel_fnd_job_proxy;
 
 namespace {
 
 std::vector<Line> proxy_lines() { return lines_of("zel_fnd_job_proxy"); }
 
-class JobProxy : public ::testing::Test {
+class JobProxy : public sim_test::SimDeviceTest {
 protected:
-    void SetUp() override { job_test::reset_device(); }
-    void TearDown() override { job_test::reset_device(); }
     zel_fnd_job_proxy proxy;
 };
 
@@ -116,10 +116,7 @@ TEST_F(JobProxy, RemoveJobPassesCertIdAsUnsigned32) {
 
 TEST_F(JobProxy, StartPhbIsTrueForAnyNonZeroAnswer) {
     for (int answer : {1, 2, 7, -1, 0x10000}) {
-        tovr_sim::force("esv_zel_job_get_start_phb", [answer](const tovr_sim::Params& p) {
-            *static_cast<int*>(p[1]) = answer;
-            return 0L;
-        });
+        tovr_sim::force_output("esv_zel_job_get_start_phb", 0, tovr_sim::output_value(1, answer));
         tovr_sim::clear_trace();
         bool result = false;
         EXPECT_EQ(0, proxy.get_start_phb(3, result));
@@ -148,10 +145,7 @@ TEST_F(JobProxy, StartPhbResultIsWrittenWhenTheFacadeFails) {
 }
 
 TEST_F(JobProxy, TextGetValueOnFailingFacadeGivesEmptyAndNoError) {
-    tovr_sim::force("esv_zel_job_get_value", [](const tovr_sim::Params& p) {
-        *static_cast<std::string*>(p[2]) = "half-written";
-        return 0x04010001L;
-    });
+    tovr_sim::force_output("esv_zel_job_get_value", 0x04010001L, tovr_sim::output_text(2, "string", "half-written"));
     EXPECT_EQ("", proxy.get_value(2, ESV_ZEL_JOB_SETTING_JOB_NAME));
     EXPECT_EQ((std::vector<Line>{{3, "get_value,[Start]. current_id = [2], data_id = [100], val = []."},
                                  {3, "get_value,val = empty"}}),
@@ -187,10 +181,7 @@ TEST_F(JobProxy, SendAddressIdTracesCountAndListSize) {
 }
 
 TEST_F(JobProxy, DisableInfoTracesTheMaskInHex) {
-    tovr_sim::force("esv_zel_job_get_disable_info", [](const tovr_sim::Params& p) {
-        *static_cast<unsigned short*>(p[2]) = 0xAB;
-        return 0L;
-    });
+    tovr_sim::force_output("esv_zel_job_get_disable_info", 0, tovr_sim::output_value(2, static_cast<unsigned short>(0xAB)));
     unsigned short val = 0;
     EXPECT_EQ(0, proxy.get_disable_info(4, ESV_ZEL_PHB_DISABLE_ITEM_DUPLEX, val));
     EXPECT_EQ(0xAB, val);
@@ -276,7 +267,7 @@ TEST_F(JobProxy, EntryAndExitTraces) {
          {"combine_document,[Start]. current_id = [3].", "combine_document,[End]"}},
     };
     for (const Case& c : cases) {
-        job_test::reset_device();
+        sim_test::reset_device();
         tovr_sim::force_result(c.op, 0x04010006);  // answered by the facade, nothing written
         EXPECT_EQ(6, c.call(proxy)) << c.op;
         std::vector<Line> expected;
@@ -327,6 +318,18 @@ void JNICALL fake_exception_clear(JNIEnv*) {
     ++g_arrays.cleared;
 }
 
+// Forced outputs of esv_zel_job_get_scan_data(user_job_id, record): its buffer filled with one
+// byte, and its count.
+tovr_sim::Output filled_scan_data(unsigned char byte) {
+    const std::size_t n = sizeof(ESV_ZEL_JOB_GET_SCAN_DATA::scan_data);
+    return tovr_sim::output_bytes(1, "bytes[" + std::to_string(n) + "]", std::vector<unsigned char>(n, byte),
+                                  offsetof(ESV_ZEL_JOB_GET_SCAN_DATA, scan_data));
+}
+
+tovr_sim::Output data_size(std::uint32_t count) {
+    return tovr_sim::output_value(1, count, offsetof(ESV_ZEL_JOB_GET_SCAN_DATA, data_size));
+}
+
 class JobScanData : public JobProxy {
 protected:
     void SetUp() override {
@@ -349,12 +352,13 @@ protected:
         JobProxy::TearDown();
     }
     static void answer_with(std::vector<unsigned char> bytes, long rc = 0) {
-        tovr_sim::force("esv_zel_job_get_scan_data", [bytes, rc](const tovr_sim::Params& p) {
-            auto* d = static_cast<ESV_ZEL_JOB_GET_SCAN_DATA*>(p[1]);
-            if (!bytes.empty()) std::memcpy(d->scan_data, bytes.data(), bytes.size());
-            d->data_size = static_cast<uint32_t>(bytes.size());
-            return rc;
-        });
+        std::vector<tovr_sim::Output> outputs{tovr_sim::output_value(
+            1, static_cast<uint32_t>(bytes.size()), offsetof(ESV_ZEL_JOB_GET_SCAN_DATA, data_size))};
+        if (!bytes.empty()) {
+            outputs.push_back(tovr_sim::output_bytes(1, "bytes[" + std::to_string(bytes.size()) + "]", bytes,
+                                                     offsetof(ESV_ZEL_JOB_GET_SCAN_DATA, scan_data)));
+        }
+        tovr_sim::force_outputs("esv_zel_job_get_scan_data", rc, outputs);
     }
     JNINativeInterface_ functions_;
     JNIEnv env_;
@@ -427,12 +431,7 @@ TEST_F(JobScanData, NoVmGivesNull) {
 TEST_F(JobScanData, CountBeyondTheBufferIsAFacadeFailure) {
     for (std::uint32_t count : {4097u, 5000u, 100000u, 0x7FFFFFFFu, 0xFFFFFFFFu}) {
         auto record = std::make_unique<ESV_ZEL_JOB_GET_SCAN_DATA>();
-        tovr_sim::force("esv_zel_job_get_scan_data", [count](const tovr_sim::Params& p) {
-            auto* d = static_cast<ESV_ZEL_JOB_GET_SCAN_DATA*>(p[1]);
-            std::memset(d->scan_data, 0x5A, sizeof d->scan_data);
-            d->data_size = count;
-            return 0L;
-        });
+        tovr_sim::force_outputs("esv_zel_job_get_scan_data", 0, {filled_scan_data(0x5A), data_size(count)});
         tovr_sim::clear_trace();
         EXPECT_EQ(nullptr, proxy.get_scan_data(102, *record)) << count;
         EXPECT_TRUE(g_arrays.arrays.empty()) << count;
@@ -446,12 +445,7 @@ TEST_F(JobScanData, CountBeyondTheBufferIsAFacadeFailure) {
 
 TEST_F(JobScanData, CountOfExactlyTheBufferIsCopiedWhole) {
     auto record = std::make_unique<ESV_ZEL_JOB_GET_SCAN_DATA>();
-    tovr_sim::force("esv_zel_job_get_scan_data", [](const tovr_sim::Params& p) {
-        auto* d = static_cast<ESV_ZEL_JOB_GET_SCAN_DATA*>(p[1]);
-        std::memset(d->scan_data, 0x33, sizeof d->scan_data);
-        d->data_size = 4096;
-        return 0L;
-    });
+    tovr_sim::force_outputs("esv_zel_job_get_scan_data", 0, {filled_scan_data(0x33), data_size(4096)});
     ASSERT_NE(nullptr, proxy.get_scan_data(103, *record));
     EXPECT_EQ(std::vector<jbyte>(4096, 0x33), g_arrays.arrays.at(0));
 }

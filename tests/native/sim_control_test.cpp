@@ -12,8 +12,9 @@
 #include "emw_osw_mem.h"
 #include "esv_zel_job_facade.h"
 #include "esv_zel_jobinfo_facade.h"
-#include "job_test_util.h"
+#include "sim_fixture.h"
 #include "tovr_sim.h"
+#include "tovr_sim_box.h"
 #include "tovr_sim_job.h"
 
 using tarnwick::esv_zel_job_facade;
@@ -64,16 +65,53 @@ long sample_numbers(signed char& s8, unsigned char& u8, short& s16, unsigned sho
     return 0;
 }
 
+// A buffer of 16 characters that the device fills, as the member declares it.
 long sample_buffer(char* buffer, unsigned int* count) {
-    TOVR_SIM_RECORD(long, buffer, count);
+    TOVR_SIM_RECORD(long, tovr_sim::sized(buffer, 16), count);
     return 0;
 }
 
-class SimControl : public ::testing::Test {
-protected:
-    void SetUp() override { job_test::reset_device(); }
-    void TearDown() override { job_test::reset_device(); }
+// A character buffer whose size the member does not declare.
+long sample_unsized(char* buffer) {
+    TOVR_SIM_RECORD(long, buffer);
+    return 0;
+}
+
+// A record with std::string members, declared below (StringFields).
+struct Named {
+    std::string first;
+    std::uint16_t count;
+    std::string second;
 };
+
+}  // namespace
+
+template <>
+struct tovr_sim::StringFields<Named> {
+    static const std::vector<std::size_t>* offsets() {
+        static const std::vector<std::size_t> at = {offsetof(Named, first), offsetof(Named, second)};
+        return &at;
+    }
+};
+
+namespace {
+
+long sample_named(Named& out, unsigned long* last) {
+    TOVR_SIM_RECORD(long, tovr_sim::unrecorded(out), last);
+    return 0;
+}
+
+long sample_overload(int a, unsigned long* last) {
+    TOVR_SIM_RECORD_AS("sample_overload", long, a, last);
+    return 0;
+}
+
+long sample_overload(int a, int b, unsigned long* last) {
+    TOVR_SIM_RECORD_AS("sample_overload", long, a, b, last);
+    return 0;
+}
+
+class SimControl : public sim_test::SimDeviceTest {};
 
 // ---------------------------------------------------------------------------------------------
 // Recording
@@ -307,6 +345,60 @@ TEST_F(SimControl, ACharacterBufferArgumentTakesTextAndAPointerToANumberTakesThe
     EXPECT_EQ(11u, count);
 }
 
+TEST_F(SimControl, ABufferOfUnknownSizeIsNeverWrittenAndOneOfDeclaredSizeOnlyWithinIt) {
+    char buffer[32];
+    std::memset(buffer, 'x', sizeof buffer);
+    buffer[sizeof buffer - 1] = '\0';
+    ASSERT_TRUE(tovr_sim::force_output("sample_unsized", 0, tovr_sim::output_text(0, "char[4]", "abc")));
+    EXPECT_EQ(0, sample_unsized(buffer));
+    EXPECT_EQ('x', buffer[0]);
+    ASSERT_TRUE(tovr_sim::force_outputs("sample_buffer", 0,
+                                        {tovr_sim::output_text(0, "char[17]", "too long"),
+                                         tovr_sim::output_bytes(0, "bytes[4]", {'a', 'b'}, 13)}));
+    EXPECT_EQ(0, sample_buffer(buffer, nullptr));
+    EXPECT_EQ('x', buffer[0]);
+    EXPECT_EQ('x', buffer[16]);
+    EXPECT_EQ((std::vector<std::string>{"sample_unsized: argument 0: a character buffer of unknown size",
+                                        "sample_buffer: argument 0: past the end of the record (16 bytes)",
+                                        "sample_buffer: argument 0: past the end of the record (16 bytes)"}),
+              tovr_sim::output_refusals());
+}
+
+TEST_F(SimControl, AStringMemberOfARecordIsAssignedAndNothingElseWritesOverIt) {
+    Named n{"old", 5, "keep"};
+    unsigned long last = 0;
+    ASSERT_TRUE(tovr_sim::force_outputs(
+        "sample_named", 0,
+        {tovr_sim::output_text(0, "string", "new", offsetof(Named, first)),
+         tovr_sim::output_value(0, std::uint16_t{9}, offsetof(Named, count)),
+         tovr_sim::output_text(0, "string", "x", offsetof(Named, count)),
+         tovr_sim::output_bytes(0, "bytes[4]", {1, 2, 3, 4}, offsetof(Named, second)),
+         tovr_sim::output_number(0, "uint64", 1, offsetof(Named, first) + 4)}));
+    EXPECT_EQ(0, sample_named(n, &last));
+    EXPECT_EQ("new", n.first);
+    EXPECT_EQ(9u, n.count);
+    EXPECT_EQ("keep", n.second);
+    const std::string at_count = std::to_string(offsetof(Named, count));
+    EXPECT_EQ((std::vector<std::string>{"sample_named: argument 0: no std::string member at offset " + at_count,
+                                        "sample_named: argument 0: over a std::string member of the record",
+                                        "sample_named: argument 0: over a std::string member of the record"}),
+              tovr_sim::output_refusals());
+}
+
+TEST_F(SimControl, ANegativeIndexCountsFromTheLastArgument) {
+    ASSERT_TRUE(tovr_sim::force_output("sample_overload", 0, tovr_sim::output_value(-1, 77ul), 2));
+    unsigned long last = 0;
+    EXPECT_EQ(0, sample_overload(1, &last));
+    EXPECT_EQ(77ul, last);
+    last = 0;
+    EXPECT_EQ(0, sample_overload(1, 2, &last));
+    EXPECT_EQ(77ul, last);
+    ASSERT_TRUE(tovr_sim::force_output("sample_overload", 0, tovr_sim::output_value(-4, 1ul)));
+    EXPECT_EQ(0, sample_overload(1, 2, &last));
+    EXPECT_EQ((std::vector<std::string>{"sample_overload: argument -4: the call has 3 arguments"}),
+              tovr_sim::output_refusals());
+}
+
 TEST_F(SimControl, WritesThatDoNotFitAreRefusedAndListedAndTheCodeIsAnsweredAllTheSame) {
     esv_zel_job_facade* f = esv_zel_job_facade::esv_zel_job_get_instance();
     // A 16-bit value into a 32-bit output, a text into a number, an argument the call lacks.
@@ -373,6 +465,71 @@ TEST_F(SimControl, ForcedOutputsLastTheirNumberOfCallsOrForEver) {
         EXPECT_EQ(5, sample_buffer(nullptr, &count));
         EXPECT_EQ(2u, count);
     }
+}
+
+TEST_F(SimControl, PassedCallsBehaveAsTheDevicesOwnAndTheForcingAfterThemReachesALaterCall) {
+    tovr_sim::pass("sample_no_arguments", 2);
+    tovr_sim::force_result("sample_no_arguments", 9);
+    EXPECT_EQ(3u, sample_no_arguments());
+    EXPECT_EQ(3u, sample_no_arguments());
+    EXPECT_EQ(9u, sample_no_arguments());
+    EXPECT_EQ(3u, sample_no_arguments());
+}
+
+TEST_F(SimControl, AHookRunsAtTheNthCallWhichThenBehavesAsTheDevicesOwn) {
+    int seen = 0;
+    tovr_sim::on_call("sample_no_arguments", [&] { seen = static_cast<int>(tovr_sim::calls("sample_no_arguments").size()); }, 3);
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(3u, sample_no_arguments());
+    EXPECT_EQ(3, seen);  // the third call was recorded when its hook ran
+}
+
+// ---------------------------------------------------------------------------------------------
+// The bounded call record
+
+TEST_F(SimControl, TheRecordKeepsTheMostRecentCallsAndCountsTheDroppedOnes) {
+    EXPECT_EQ(tovr_sim::kDefaultCallLimit, tovr_sim::call_limit());
+    tovr_sim::set_call_limit(3);
+    for (int i = 0; i < 5; ++i) sample_renamed(i);
+    const std::vector<tovr_sim::Call> calls = tovr_sim::calls();
+    ASSERT_EQ(3u, calls.size());
+    EXPECT_EQ("2", calls[0].args[0]);
+    EXPECT_EQ("4", calls[2].args[0]);
+    EXPECT_EQ(3u, tovr_sim::call_count());
+    EXPECT_EQ(2u, tovr_sim::dropped_calls());
+    tovr_sim::set_call_limit(1);  // lowering it drops at once
+    EXPECT_EQ(1u, tovr_sim::call_count());
+    EXPECT_EQ(4u, tovr_sim::dropped_calls());
+    tovr_sim::clear_calls();
+    EXPECT_EQ(0u, tovr_sim::dropped_calls());
+    tovr_sim::reset();
+    EXPECT_EQ(tovr_sim::kDefaultCallLimit, tovr_sim::call_limit());
+}
+
+TEST_F(SimControl, AForcingStillAppliesWhenTheRecordKeepsNothing) {
+    tovr_sim::set_call_limit(0);
+    tovr_sim::force_result("another_name", 6);
+    EXPECT_EQ(6, sample_renamed(1));
+    EXPECT_TRUE(tovr_sim::calls().empty());
+    EXPECT_EQ(1u, tovr_sim::dropped_calls());
+}
+
+// ---------------------------------------------------------------------------------------------
+// The registered services
+
+TEST_F(SimControl, EveryServiceRegistersItselfAndOneResetReachesThemAll) {
+    EXPECT_EQ((std::vector<std::string>{"acc", "address", "box", "common", "job", "jobinfo", "panel", "storage",
+                                        "systeminfo", "user", "webservice"}),
+              tovr_sim::service_names());
+    EXPECT_EQ(-1, tovr_sim::observer_count("no such facade"));
+    EXPECT_EQ(-1, tovr_sim::observer_count("storage"));  // a service without observers
+    tovr_sim::box_add_folder("/kept");
+    tovr_sim::force_result("sample_no_arguments", 1);
+    sample_renamed(1);
+    tovr_sim::reset_all();
+    EXPECT_FALSE(tovr_sim::box_exists("/kept"));
+    EXPECT_EQ(3u, sample_no_arguments());
+    ASSERT_EQ(1u, tovr_sim::calls().size());  // the call just made
+    EXPECT_TRUE(tovr_sim::trace_lines().empty());
 }
 
 // ---------------------------------------------------------------------------------------------

@@ -21,6 +21,7 @@
 #include "tovr_sim.h"
 #include "tovr_sim_events.h"
 #include "tovr_sim_storage.h"
+#include "sim_fixture.h"
 
 using tarnwick::CMT_StorageIO;
 using tarnwick::CMT_STORAGE_TYPE;
@@ -52,11 +53,10 @@ std::vector<unsigned char> pattern(std::size_t n) {
     return v;
 }
 
-class Storage : public ::testing::Test {
+class Storage : public sim_test::SimDeviceTest {
 protected:
     void SetUp() override {
-        tovr_sim::reset();
-        tovr_sim::storage_reset();
+        SimDeviceTest::SetUp();
         root = make_temp();
         ASSERT_FALSE(root.empty());
         hdd = root + "/hdd";
@@ -70,8 +70,7 @@ protected:
         EXPECT_EQ(0, tovr_sim::open_resources(tovr_sim::kFileHandle));
         EXPECT_EQ(0, tovr_sim::open_resources(tovr_sim::kDirectoryHandle));
         EXPECT_EQ(0, tovr_sim::open_resources("platform block"));
-        tovr_sim::storage_reset();
-        tovr_sim::reset();
+        SimDeviceTest::TearDown();
         remove_tree(root);
     }
     void write_host(const std::string& rel, const std::string& content) {

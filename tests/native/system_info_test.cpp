@@ -8,25 +8,25 @@
 #include <vector>
 
 #include "cmt_system_info.h"
-#include "device_test_util.h"
+#include "sim_fixture.h"
+#include "tovr_sim_device.h"
+#include "tovr_sim_job.h"
 #include "tovr_sim_events.h"
 
-using device_test::args_of;
-using device_test::Line;
+using sim_test::args_of;
+using sim_test::Line;
 using tarnwick::CMT_System_Info;
 
 namespace {
 
-std::vector<Line> lines() { return device_test::lines_of("cmt_system_info"); }
+std::vector<Line> lines() { return sim_test::lines_of("cmt_system_info"); }
 
 Line conv(const char* message) { return Line{3, std::string("convert_retcode,") + message}; }
 
 const ESV_ZEL_ENTKEY kKey = static_cast<ESV_ZEL_ENTKEY>(41);
 
-class SystemInfo : public ::testing::Test {
+class SystemInfo : public sim_test::SimDeviceTest {
 protected:
-    void SetUp() override { device_test::reset_device(); }
-    void TearDown() override { device_test::reset_device(); }
     CMT_System_Info info;
 };
 
@@ -316,10 +316,7 @@ TEST_F(SystemInfo, PanelResetTimerNeverConverts) {
 }
 
 TEST_F(SystemInfo, OutputsForcedByTheDeviceReachTheCaller) {
-    tovr_sim::force("esv_zel_systeminfo_get_count", [](const tovr_sim::Params& p) {
-        *static_cast<unsigned long*>(p[1]) = 31;
-        return static_cast<long>(ESV_ZEL_SYSINFO_ERROR);
-    });
+    tovr_sim::force_output("esv_zel_systeminfo_get_count", ESV_ZEL_SYSINFO_ERROR, tovr_sim::output_value(1, 31ul));
     ESV_ZEL_COUNT_INFO c{0, 0, 0};
     unsigned long count = 0;
     EXPECT_EQ(2, info.get_count(c, count));

@@ -6,15 +6,16 @@
 #include <string>
 #include <vector>
 
-#include "user_test_util.h"
+#include "sim_fixture.h"
+#include "tovr_sim_user.h"
 #include "zel_fnd_user_account.h"
 
 using tarnwick::zel_fnd_user_account;
-using user_test::Line;
+using sim_test::Line;
 
 namespace {
 
-std::vector<Line> acct(const std::string& op) { return user_test::op_lines("zel_fnd_user_account", op); }
+std::vector<Line> acct(const std::string& op) { return sim_test::op_lines("zel_fnd_user_account", op); }
 
 template <std::size_t N>
 void put(char (&field)[N], const char* text) {
@@ -35,10 +36,8 @@ ESV_ZEL_HIDE_USERINFO_RECORD hidden(const char* login, const char* pw, const cha
     return r;
 }
 
-class HiddenUsers : public ::testing::Test {
+class HiddenUsers : public sim_test::SimDeviceTest {
 protected:
-    void SetUp() override { user_test::reset_device(); }
-    void TearDown() override { user_test::reset_device(); }
     zel_fnd_user_account acc;
 };
 

@@ -7,23 +7,24 @@
 #include <vector>
 
 #include "CJvm.h"
-#include "user_test_util.h"
+#include "sim_fixture.h"
+#include "tovr_sim_user.h"
 #include "zel_fnd_authentication.h"
 
 using tarnwick::ZEL_FND_AUTH_MODE;
 using tarnwick::ZEL_FND_CERTIFICATE_ID;
 using tarnwick::ZEL_FND_USER_ACCESS_LEVEL;
 using tarnwick::zel_fnd_authentication;
-using user_test::Line;
+using sim_test::Line;
 
 namespace {
 
-std::vector<Line> auth(const std::string& op) { return user_test::op_lines("zel_fnd_authentication", op); }
+std::vector<Line> auth(const std::string& op) { return sim_test::op_lines("zel_fnd_authentication", op); }
 
-class Auth : public ::testing::Test {
+class Auth : public sim_test::SimDeviceTest {
 protected:
     void SetUp() override {
-        user_test::reset_device();
+        SimDeviceTest::SetUp();
         tovr_sim::SimUser u;
         u.login_name = "alice";
         u.password = "secret";
@@ -41,7 +42,6 @@ protected:
         tovr_sim::add_local_user(u);
         tovr_sim::clear_trace();
     }
-    void TearDown() override { user_test::reset_device(); }
     zel_fnd_authentication a;
     std::uint32_t alice_id = 0;
 };
@@ -304,7 +304,7 @@ TEST_F(Auth, ListHandlesAreLimitedAndCounted) {
 namespace {
 
 TEST(UserInfoBuilder, MadeWithoutAnEnvironmentItCreatesNothing) {
-    user_test::reset_device();
+    sim_test::reset_device();
     JavaVM* saved = tarnwick::CJvm::ms_jvm;
     tarnwick::CJvm::ms_jvm = nullptr;  // GetJNIEnv answers null, as on a thread the VM does not know
     tarnwick::zel_fnd_user_info builder;

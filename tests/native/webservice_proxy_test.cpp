@@ -5,21 +5,21 @@
 #include <string>
 #include <vector>
 
-#include "device_test_util.h"
+#include "sim_fixture.h"
+#include "tovr_sim_device.h"
+#include "tovr_sim_job.h"
 #include "zel_fnd_webservice_proxy.h"
 
-using device_test::args_of;
-using device_test::Line;
+using sim_test::args_of;
+using sim_test::Line;
 using tarnwick::zel_fnd_webservice_proxy;
 
 namespace {
 
-std::vector<Line> lines() { return device_test::lines_of("zel_fnd_webservice_proxy"); }
+std::vector<Line> lines() { return sim_test::lines_of("zel_fnd_webservice_proxy"); }
 
-class WebService : public ::testing::Test {
+class WebService : public sim_test::SimDeviceTest {
 protected:
-    void SetUp() override { device_test::reset_device(); }
-    void TearDown() override { device_test::reset_device(); }
     zel_fnd_webservice_proxy proxy;
 };
 

@@ -4,10 +4,7 @@
 #include <string>
 
 #include "esv_zel_acc_facade.h"
-#include "sim_device_internal.h"
-#include "tovr_sim.h"
-#include "tovr_sim_device.h"
-#include "tovr_sim_events.h"
+#include "tovr_sim_acc.h"
 
 namespace tovr_sim {
 
@@ -51,12 +48,10 @@ bool fits(const ESV_ZEL_ACC_FELICA_SETTING_INFO& info) {
 
 }  // namespace
 
-namespace devicesim {
 void reset_acc_reader() {
     std::lock_guard<std::mutex> lock(reader().mutex);
     reader().defaults();
 }
-}  // namespace devicesim
 
 std::size_t acc_plug_reader(bool present) {
     ESV_ZEL_ACC_ICCARD_STATE_CHANGE_INFO info{};
@@ -70,11 +65,7 @@ std::size_t acc_plug_reader(bool present) {
         info.state = present ? 1 : 0;
     }
     // Observers are called without the reader's lock: they may ask the reader again.
-    Answers answers = acc_facade().raise(
-        [info](tarnwick::esv_zel_acc_observer* o) mutable -> unsigned long {
-            return static_cast<unsigned long>(o->notify_iccard_state_change_info(info));
-        });
-    return answers.size();
+    return raise_iccard_state_change(info.product_id, info.vendor_id, info.card_types, info.state).size();
 }
 
 bool acc_reader_present() {

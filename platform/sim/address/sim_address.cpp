@@ -1,5 +1,6 @@
 // Simulated personal-address search of the common facade: the book, the open searches and the
 // three facade members.
+#include <algorithm>
 #include <cstring>
 #include <map>
 #include <memory>
@@ -53,6 +54,10 @@ void reset_address_book() {
     b.next_handle = 1;
     b.limit = kDefaultAddressSearchLimit;
 }
+
+namespace {
+const bool registered = register_service(Service{"address", reset_address_book, nullptr});
+}  // namespace
 
 void add_address(const ESV_ZEL_PERSONAL_ADDRESS& entry) {
     Book& b = book();
@@ -171,31 +176,17 @@ unsigned long address_finish(unsigned int handle) {
 }
 
 void force_address_prepare(unsigned long result, unsigned int handle, unsigned int second, int times) {
-    force("esv_zel_search_personal_address_list_prepare",
-          [=](const Params& p) {
-              *static_cast<unsigned int*>(p[1]) = handle;
-              *static_cast<unsigned int*>(p[2]) = second;
-              return static_cast<long>(result);
-          },
-          times);
+    force_outputs("esv_zel_search_personal_address_list_prepare", static_cast<long>(result),
+                  {output_value(1, handle), output_value(2, second)}, times);
 }
 
 void force_address_fetch(unsigned long result, unsigned int ret_num,
                          const std::vector<ESV_ZEL_PERSONAL_ADDRESS>& records, int times) {
-    auto shared = std::make_shared<std::vector<ESV_ZEL_PERSONAL_ADDRESS>>(records);
-    force("esv_zel_search_personal_address_list",
-          [=](const Params& p) {
-              const unsigned int handle = *static_cast<unsigned int*>(p[0]);
-              auto* buffer = static_cast<ESV_ZEL_PERSONAL_ADDRESS*>(p[3]);
-              unsigned int capacity = address_search_per_fetch(handle);
-              if (capacity == 0) capacity = 1;
-              if (buffer != nullptr) {
-                  for (std::size_t i = 0; i < shared->size() && i < capacity; ++i) buffer[i] = (*shared)[i];
-              }
-              *static_cast<unsigned int*>(p[2]) = ret_num;
-              return static_cast<long>(result);
-          },
-          times);
+    // The buffer holds the per-fetch count of the handle's search (see the facade member): a
+    // record past it is refused, not written.
+    std::vector<Output> outputs{output_value(2, ret_num)};
+    for (std::size_t i = 0; i < records.size(); ++i) outputs.push_back(output_record(3, records[i], i * sizeof records[i]));
+    force_outputs("esv_zel_search_personal_address_list", static_cast<long>(result), outputs, times);
 }
 
 void force_address_finish(unsigned long result, int times) {
@@ -216,51 +207,26 @@ void resize_address_book(std::size_t size) {
     }
 }
 
-namespace {
-long real_prepare(const Params& p) {
-    return static_cast<long>(address_prepare(*static_cast<unsigned int*>(p[0]), *static_cast<unsigned int*>(p[1]),
-                                             *static_cast<unsigned int*>(p[2])));
-}
-}  // namespace
-
 void pass_address_prepares(int n) {
-    if (n > 0) force("esv_zel_search_personal_address_list_prepare", real_prepare, n);
+    if (n > 0) pass("esv_zel_search_personal_address_list_prepare", n);
 }
 
 void pass_address_fetches(int n) {
-    if (n <= 0) return;
-    force("esv_zel_search_personal_address_list",
-          [](const Params& p) {
-              return static_cast<long>(address_fetch(*static_cast<unsigned int*>(p[0]), static_cast<const char*>(p[1]),
-                                                     *static_cast<unsigned int*>(p[2]),
-                                                     static_cast<ESV_ZEL_PERSONAL_ADDRESS*>(p[3])));
-          },
-          n);
+    if (n > 0) pass("esv_zel_search_personal_address_list", n);
 }
 
 void resize_address_book_at_prepare(int nth, std::size_t size) {
-    pass_address_prepares(nth - 1);
-    force("esv_zel_search_personal_address_list_prepare",
-          [size](const Params& p) {
-              resize_address_book(size);
-              return real_prepare(p);
-          },
-          1);
+    on_call("esv_zel_search_personal_address_list_prepare", [size] { resize_address_book(size); }, nth);
 }
 
+// A prepare allocates no platform memory: failing the next allocation as the last prepare
+// begins is failing the first one after it.
 void fail_alloc_after_address_prepares(int prepares) {
     if (prepares <= 0) {
         fail_alloc(1);
         return;
     }
-    auto left = std::make_shared<int>(prepares);
-    force("esv_zel_search_personal_address_list_prepare",
-          [left](const Params& p) {
-              long rc = real_prepare(p);
-              if (--*left == 0) fail_alloc(1);
-              return rc;
-          },
-          prepares);
+    on_call("esv_zel_search_personal_address_list_prepare", [] { fail_alloc(1); }, prepares);
 }
 
 }  // namespace tovr_sim
@@ -277,7 +243,10 @@ unsigned long esv_zel_common_facade::esv_zel_search_personal_address_list_prepar
 unsigned long esv_zel_common_facade::esv_zel_search_personal_address_list(unsigned int handle, const char* name,
                                                                           unsigned int& ret_num,
                                                                           ESV_ZEL_PERSONAL_ADDRESS* buffer) {
-    TOVR_SIM_RECORD(unsigned long, handle, name, ret_num, buffer);
+    // A forced fetch may fill as many records as the search hands out per fetch (1 when the
+    // handle is not open).
+    const std::size_t capacity = std::max(1u, tovr_sim::address_search_per_fetch(handle));
+    TOVR_SIM_RECORD(unsigned long, handle, name, ret_num, tovr_sim::sized(buffer, capacity * sizeof *buffer));
     return tovr_sim::address_fetch(handle, name, ret_num, buffer);
 }
 

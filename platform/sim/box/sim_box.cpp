@@ -8,7 +8,7 @@
 #include <mutex>
 
 #include "esv_zel_common_facade.h"
-#include "tovr_sim_storage.h"
+#include "tovr_sim_box.h"
 
 namespace tovr_sim {
 namespace box {
@@ -151,33 +151,25 @@ void box_reset() {
     b.max_listings = kDefaultMaxListings;
 }
 
+namespace {
+const bool registered = register_service(Service{"box", box_reset, nullptr});
+}  // namespace
+
 void force_box_prepare(long result, unsigned int handle, unsigned int total, int times) {
-    force("esv_zel_get_easy_box_info_prepare", [=](const Params& p) -> long {
-        if (result == 0) {
-            *static_cast<unsigned int*>(p[2]) = handle;
-            *static_cast<unsigned int*>(p[3]) = total;
-        }
-        return result;
-    }, times);
+    force_outputs_on_success("esv_zel_get_easy_box_info_prepare", result, {output_value(2, handle), output_value(3, total)},
+                     times);
 }
 
 void force_box_entry(long result, unsigned int get_num, std::uint32_t type, const std::string& name,
                      std::int32_t date, std::uint32_t size, const std::string& path, int times) {
-    force("esv_zel_get_easy_box_info", [=](const Params& p) -> long {
-        if (result == 0) {
-            *static_cast<unsigned int*>(p[1]) = get_num;
-            auto* e = static_cast<ESV_ZEL_EASY_BOX_INFO*>(p[2]);
-            if (e != nullptr) {
-                std::memset(e, 0, sizeof *e);
-                e->type = type;
-                e->date = date;
-                e->size = size;
-                box::copy_text(e->name, sizeof e->name, name, false);
-                box::copy_text(e->path, sizeof e->path, path, false);
-            }
-        }
-        return result;
-    }, times);
+    ESV_ZEL_EASY_BOX_INFO e;
+    std::memset(&e, 0, sizeof e);
+    e.type = type;
+    e.date = date;
+    e.size = size;
+    box::copy_text(e.name, sizeof e.name, name, false);
+    box::copy_text(e.path, sizeof e.path, path, false);
+    force_outputs_on_success("esv_zel_get_easy_box_info", result, {output_value(1, get_num), output_record(2, e)}, times);
 }
 
 }  // namespace tovr_sim

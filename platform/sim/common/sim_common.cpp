@@ -1,6 +1,6 @@
 // Simulated common facade: keeps observers and delivers on its own thread.
 #include "esv_zel_common_facade.h"
-#include "tovr_sim_events.h"
+#include "tovr_sim_common.h"
 
 namespace tovr_sim {
 
@@ -8,6 +8,10 @@ CommonFacade& common_facade() {
     static CommonFacade* f = new CommonFacade("common");  // outlives static destruction
     return *f;
 }
+
+namespace {
+const bool registered = register_service(Service{"common", reset_power, [] { return common_facade().observers().size(); }});
+}  // namespace
 
 }  // namespace tovr_sim
 

@@ -1,76 +1,11 @@
-// Control interface of the simulated common, panel and access-control facades.
-//
-// Test and tool code only. Each facade delivers its notifications on one thread of its own,
-// one at a time, to every registered observer; a test raises any notification with any
-// arguments and gets each observer's answer back.
+// Control interface of the simulated common, panel and access-control facades, as one header.
+// Each facade's own header (tovr_sim_common.h, tovr_sim_panel.h, tovr_sim_acc.h) is enough for
+// code that needs only that facade; ObservedFacade is in tovr_sim_observed.h.
 #ifndef TOVR_SIM_EVENTS_H
 #define TOVR_SIM_EVENTS_H
 
-#include <cstddef>
-#include <functional>
-#include <future>
-#include <memory>
-
-#include "esv_zel_acc_facade.h"
-#include "esv_zel_common_facade.h"
-#include "esv_zel_panel_facade.h"
-#include "tovr_sim.h"
-
-namespace tovr_sim {
-
-// The observers of one facade and the facade's notification thread: every simulated facade
-// with observers keeps them in one of these (the job facades too, see tovr_sim_job.h).
-template <typename Observer>
-class ObservedFacade {
-public:
-    explicit ObservedFacade(const char* thread_name) : thread_(new FacadeThread(thread_name)) {}
-
-    ObserverSet<Observer>& observers() { return observers_; }
-
-    // Runs `fn` for every registered observer on the facade's thread; the future carries one
-    // answer per observer, in registration order.
-    std::future<Answers> post(std::function<unsigned long(Observer*)> fn) {
-        auto answers = std::make_shared<std::promise<Answers>>();
-        std::future<Answers> out = answers->get_future();
-        thread_->post([this, fn, answers]() -> unsigned long {
-            Answers a = observers_.deliver(fn);
-            answers->set_value(a);
-            return static_cast<unsigned long>(a.size());
-        });
-        return out;
-    }
-
-    // post() and wait. Called on the facade's own thread it delivers in place.
-    Answers raise(std::function<unsigned long(Observer*)> fn) {
-        if (thread_->on_this_thread()) return observers_.deliver(fn);
-        return post(std::move(fn)).get();
-    }
-
-    bool on_facade_thread() const { return thread_->on_this_thread(); }
-
-private:
-    ObserverSet<Observer> observers_;
-    FacadeThread* thread_;  // lives as long as the process
-};
-
-using CommonFacade = ObservedFacade<tarnwick::esv_zel_common_observer>;
-using PanelFacade = ObservedFacade<tarnwick::esv_zel_panel_observer>;
-using AccFacade = ObservedFacade<tarnwick::esv_zel_acc_observer>;
-
-CommonFacade& common_facade();
-PanelFacade& panel_facade();
-AccFacade& acc_facade();
-
-// The card-data partition of the access-control facade.
-constexpr const char* kAccPartition = ESV_ZEL_ACC_ICCARD_DATA_PARTITION;
-constexpr std::size_t kAccPartitionSize = ESV_ZEL_ACC_ICCARD_DATA_PARTITION_SIZE;
-
-// Writes card data as block `block_id` at `offset` of the card-data partition.
-inline bool acc_write_card_data(unsigned long block_id, std::size_t offset,
-                                const std::vector<unsigned char>& bytes) {
-    return ipc_write_block(kAccPartition, kAccPartitionSize, block_id, offset, bytes);
-}
-
-}  // namespace tovr_sim
+#include "tovr_sim_acc.h"
+#include "tovr_sim_common.h"
+#include "tovr_sim_panel.h"
 
 #endif

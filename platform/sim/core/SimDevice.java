@@ -11,8 +11,46 @@ public final class SimDevice {
 
     private SimDevice() {}
 
-    /** Drops recorded calls, forcings and process registrations. */
-    public static native void reset();
+    /**
+     * The whole device back to its initial state: every service reset, no forcings, output
+     * refusals, process registrations or refused attaches armed, the default call limit, no
+     * recorded calls, an empty trace.
+     */
+    public static void reset() {
+        failAttach(0);
+        reset0();
+    }
+
+    private static native void reset0();
+
+    /** Drops recorded calls, forcings, output refusals and process registrations only; the services keep their state. */
+    public static native void resetCalls();
+
+    /**
+     * The record keeps the most recent {@code limit} calls (default 100,000); older ones are
+     * dropped and counted. {@link #reset()} restores the default.
+     */
+    public static native void setCallLimit(long limit);
+
+    public static native long callLimit();
+
+    /** Calls kept in the record now. */
+    public static native long callCount();
+
+    /** Calls dropped from the record since the last {@link #clearCalls()} or {@link #reset()}. */
+    public static native long droppedCalls();
+
+    /** The next {@code times} platform allocations (emwOSWSubAllocMem) fail. */
+    public static native void failAlloc(int times);
+
+    /** The next {@code times} attaches of any thread to the VM are refused (every one when negative, none when 0). */
+    public static native void failAttach(int times);
+
+    /** Attaches refused so far. */
+    public static native int refusedAttaches();
+
+    /** Observers registered with a facade: "common", "panel", "acc", "job" or "jobinfo"; -1 for another name. */
+    public static native int observerCount(String facade);
 
     /** The next {@code times} calls of {@code op} answer {@code result} (every call when negative). */
     public static native void forceResult(String op, long result, int times);

@@ -5,25 +5,13 @@
 #include <string>
 #include <vector>
 
-#include "tovr_jni.h"
 #include "sim_jni.h"
 #include "tovr_sim.h"
 
 namespace {
 
-using tarnwick::jni::UtfChars;
 using tovr_sim_jni::strings;
-
-// Text of a Java string ("" for null); false with the VM's exception pending when its
-// characters cannot be had.
-bool text_of(JNIEnv* env, jstring s, std::string* out) {
-    out->clear();
-    if (s == nullptr) return true;
-    UtfChars chars(env, s);
-    if (!chars) return false;
-    *out = chars.c_str();
-    return true;
-}
+using tovr_sim_jni::text_of;
 
 std::string join(const std::vector<std::string>& args) {
     std::string out;
@@ -38,7 +26,28 @@ std::string join(const std::vector<std::string>& args) {
 
 extern "C" {
 
-JNIEXPORT void JNICALL Java_tarnwick_sim_SimDevice_reset(JNIEnv*, jclass) { tovr_sim::reset(); }
+JNIEXPORT void JNICALL Java_tarnwick_sim_SimDevice_reset0(JNIEnv*, jclass) { tovr_sim::reset_all(); }
+
+JNIEXPORT void JNICALL Java_tarnwick_sim_SimDevice_resetCalls(JNIEnv*, jclass) { tovr_sim::reset(); }
+
+JNIEXPORT void JNICALL Java_tarnwick_sim_SimDevice_setCallLimit(JNIEnv* env, jclass, jlong limit) {
+    if (limit < 0) return tovr_sim_jni::throw_illegal(env, "call limit " + std::to_string(limit));
+    tovr_sim::set_call_limit(static_cast<std::size_t>(limit));
+}
+
+JNIEXPORT void JNICALL Java_tarnwick_sim_SimDevice_failAlloc(JNIEnv*, jclass, jint times) { tovr_sim::fail_alloc(times); }
+
+JNIEXPORT jlong JNICALL Java_tarnwick_sim_SimDevice_callLimit(JNIEnv*, jclass) {
+    return static_cast<jlong>(tovr_sim::call_limit());
+}
+
+JNIEXPORT jlong JNICALL Java_tarnwick_sim_SimDevice_callCount(JNIEnv*, jclass) {
+    return static_cast<jlong>(tovr_sim::call_count());
+}
+
+JNIEXPORT jlong JNICALL Java_tarnwick_sim_SimDevice_droppedCalls(JNIEnv*, jclass) {
+    return static_cast<jlong>(tovr_sim::dropped_calls());
+}
 
 JNIEXPORT void JNICALL Java_tarnwick_sim_SimDevice_forceResult(JNIEnv* env, jclass, jstring op,
                                                                jlong result, jint times) {

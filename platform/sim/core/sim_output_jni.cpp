@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "tovr_jni.h"
+#include "sim_jni.h"
 #include "tovr_sim.h"
 
 namespace {
@@ -13,27 +13,9 @@ namespace {
 using tarnwick::jni::ByteElements;
 using tarnwick::jni::IntElements;
 using tarnwick::jni::LocalFrame;
-using tarnwick::jni::LocalRef;
 using tarnwick::jni::LongElements;
-using tarnwick::jni::UtfChars;
-
-// Leaves an IllegalArgumentException pending (unless another exception already is).
-void throw_illegal(JNIEnv* env, const std::string& message) {
-    if (env->ExceptionCheck()) return;
-    LocalRef<jclass> cls(env, env->FindClass("java/lang/IllegalArgumentException"));
-    if (!cls) return;  // the VM's own error is pending
-    env->ThrowNew(cls.get(), message.c_str());
-}
-
-// Text of a Java string; false with the VM's exception pending when its characters cannot be had.
-bool text_of(JNIEnv* env, jstring s, std::string* out) {
-    out->clear();
-    if (s == nullptr) return true;
-    UtfChars chars(env, s);
-    if (!chars) return false;
-    *out = chars.c_str();
-    return true;
-}
+using tovr_sim_jni::text_of;
+using tovr_sim_jni::throw_illegal;
 
 // The element `i` of a String[] or byte[][] as a local reference of the current frame.
 jobject element(JNIEnv* env, jobjectArray a, jsize i) {
@@ -105,19 +87,7 @@ JNIEXPORT void JNICALL Java_tarnwick_sim_SimDevice_forceOutputs0(JNIEnv* env, jc
 }
 
 JNIEXPORT jobjectArray JNICALL Java_tarnwick_sim_SimDevice_outputRefusals(JNIEnv* env, jclass) {
-    const std::vector<std::string> refusals = tovr_sim::output_refusals();
-    LocalRef<jclass> string_class(env, env->FindClass("java/lang/String"));
-    if (!string_class) return nullptr;
-    LocalRef<jobjectArray> out(
-        env, env->NewObjectArray(static_cast<jsize>(refusals.size()), string_class.get(), nullptr));
-    if (!out) return nullptr;
-    for (std::size_t i = 0; i < refusals.size(); ++i) {
-        LocalRef<jstring> s(env, env->NewStringUTF(refusals[i].c_str()));
-        if (!s) return nullptr;
-        env->SetObjectArrayElement(out.get(), static_cast<jsize>(i), s.get());
-        if (env->ExceptionCheck()) return nullptr;
-    }
-    return out.release();
+    return tovr_sim_jni::strings(env, tovr_sim::output_refusals());
 }
 
 }  // extern "C"

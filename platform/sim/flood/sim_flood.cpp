@@ -10,7 +10,9 @@
 #include "esv_zel_job_state.h"
 #include "esv_zel_jobinfo_types.h"
 #include "tovr_sim.h"
-#include "tovr_sim_events.h"
+#include "tovr_sim_acc.h"
+#include "tovr_sim_common.h"
+#include "tovr_sim_panel.h"
 #include "tovr_sim_job.h"
 
 namespace tovr_sim {

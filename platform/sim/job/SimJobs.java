@@ -1,8 +1,11 @@
 package tarnwick.sim;
 
 /**
- * Control of the simulated job service from Java tests: pace of the device thread, injected
- * faults, holding jobs, and waiting for a job to end. Never part of the library's own jar.
+ * Control of the simulated job service (job and job-information facades) from Java tests: pace
+ * of the device thread, injected faults, holding jobs, waiting for a job to end, and the two
+ * facades' notifications (each call waits for every registered observer's answer and returns
+ * them, in registration order, as unsigned 32-bit values). Never part of the library's own jar.
+ * See tovr_sim_job.h.
  */
 public final class SimJobs {
     static {
@@ -37,4 +40,24 @@ public final class SimJobs {
 
     /** Bytes per scanned page. */
     public static native int scanPageBytes();
+
+    // job facade notifications
+    public static native long[] jobStateChanged(int state, long userJobId, int result, int jobMode, String userName,
+                                                int inDev, int outDev);
+    public static native long[] scanCount(long first, long second);
+    public static native long[] startPhb(long id);
+    public static native long[] disableInfo(long id);
+    public static native long[] mainMessage(long id);
+    public static native long[] phbInfo(long id);
+    public static native long[] messageInfo(long id);
+
+    // job-information facade notifications
+    public static native long[] jobUpdateLog(long userJobId, long receiptId);
+    public static native long[] faxSendPage(long userJobId, long pageNum);
+    /** A null name reaches the observer as a null pointer. */
+    public static native long[] renintStart(long userJobId, int nameSetting, long interfaceInfo, String jobName);
+    /** Fields: user job id, page, output dev, input dev, custom x, custom y, paper size, type, direction, weight, duplex, staple, punch, colour mode. */
+    public static native long[] printPage(long[] fields);
+    /** Fields: user job id, page, custom x, custom y, paper size, direction, duplex, colour mode, resolution. */
+    public static native long[] scanPage(long[] fields);
 }

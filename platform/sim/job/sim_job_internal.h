@@ -1,8 +1,10 @@
 // Shared state of the simulated job and job-information facades (device side only).
 //
 // The job service is split by concern: the settings model (sim_job_settings.cpp), the device's
-// job runner (sim_job_runner.cpp), the facades (sim_job.cpp, sim_jobinfo.cpp) and the control
-// interface of tests (sim_job_control.cpp).
+// job runner (sim_job_runner.cpp), the job facade (sim_job.cpp: sets; sim_job_sends.cpp:
+// addresses and documents; sim_job_jobs.cpp: jobs), the job-information facade
+// (sim_jobinfo.cpp) and the control interface of tests (sim_job_control.cpp, notification
+// records from their fields in sim_job_events.cpp).
 #ifndef TOVR_SIM_JOB_INTERNAL_H
 #define TOVR_SIM_JOB_INTERNAL_H
 
@@ -119,6 +121,46 @@ struct Device {
     std::vector<Raised> raised;
 };
 Device& device();
+
+// ---------------------------------------------------------------------------------------------
+// Edits of a set by the facade's members.
+
+// Notifications that a change of a set may call for; raised after the device lock is dropped.
+struct SetChange {
+    unsigned int id = 0;
+    bool start_phb = false;
+    bool disable = false;
+    bool message = false;
+    void raise() const {
+        if (start_phb) raise_start_phb(id);
+        if (disable) raise_disable_info(id);
+        if (message) raise_main_message(id);
+    }
+};
+
+// Runs `edit` on set `id` under the device lock, noting what the edit changed.
+template <typename Edit>
+inline long edit_set(unsigned int id, Edit edit) {
+    Device& d = device();
+    SetChange change;
+    long rc;
+    {
+        std::lock_guard<std::mutex> lock(d.mutex);
+        auto it = d.sets.find(id);
+        if (it == d.sets.end()) return ESV_ZEL_JOB_PARAM_ERROR;
+        Set& s = it->second;
+        const int phb = start_phb_of(d.prohibited, s);
+        const auto masks = all_masks(s.work);
+        const std::size_t addresses = s.work.addresses.size();
+        rc = edit(d, s);
+        change.id = id;
+        change.start_phb = start_phb_of(d.prohibited, s) != phb;
+        change.disable = all_masks(s.work) != masks;
+        change.message = s.work.addresses.size() != addresses || change.start_phb;
+    }
+    change.raise();
+    return rc;
+}
 
 // ---------------------------------------------------------------------------------------------
 // The device's job runner.

@@ -6,7 +6,7 @@
 #include <thread>
 
 #include "sim_job_internal.h"
-#include "tovr_sim_device.h"
+#include "tovr_sim_system.h"
 #include "tovr_sim_user.h"
 
 namespace tovr_sim {

@@ -15,7 +15,6 @@
 #include "esv_zel_job_observer.h"
 #include "esv_zel_jobinfo_observer.h"
 #include "tovr_sim.h"
-#include "tovr_sim_events.h"
 
 namespace tovr_sim {
 
@@ -32,8 +31,11 @@ Answers raise_scan_count(unsigned int count_1, unsigned int count_2);
 Answers raise_start_phb(unsigned int current_id);
 Answers raise_disable_info(unsigned int current_id);
 Answers raise_main_message(unsigned int current_id);
-Answers raise_phb_info(unsigned int current_id, const ESV_ZEL_PHB_INFO& info);
-Answers raise_message_info(unsigned int current_id, const ESV_ZEL_PHB_GET_MESSAGE& message);
+Answers raise_phb_info(unsigned int current_id, const ESV_ZEL_PHB_INFO& info = ESV_ZEL_PHB_INFO{});
+Answers raise_message_info(unsigned int current_id, const ESV_ZEL_PHB_GET_MESSAGE& message = ESV_ZEL_PHB_GET_MESSAGE{});
+// A job state record built from its fields (the user name cut to its field and terminated).
+Answers raise_job_state_changed(int state, unsigned int user_job_id, int result, int job_mode,
+                                const std::string& user_name, int in_dev, int out_dev);
 
 // Job-information facade notifications (esv_zel_jobinfo_observer).
 Answers raise_job_update_log(const ESV_ZEL_EVENT_JOB_UPDATE_LOG& log);
@@ -41,6 +43,21 @@ Answers raise_fax_send_page_info(const ESV_ZEL_EVENT_SEND_PAGE& page);
 Answers raise_renint_start_info(const ESV_ZEL_EVENT_RENINT_START& info, const char* job_name);
 Answers raise_print_page_info(const ESV_ZEL_EVENT_PRINT_PAGE& page);
 Answers raise_scan_page_info(const ESV_ZEL_EVENT_SCAN_PAGE& page);
+// The same records built from their fields.
+Answers raise_job_update_log(unsigned int user_job_id, unsigned int receipt_id);
+Answers raise_fax_send_page_info(unsigned int user_job_id, unsigned int page_num);
+// A null name reaches the observers as a null pointer.
+Answers raise_renint_start_info(unsigned int user_job_id, int name_setting, unsigned int interface_info,
+                                const char* job_name);
+// Fields of a printed page, in this order (kPrintPageFields of them): user job id, page number,
+// output dev, input dev, custom x, custom y, paper size, type, direction, weight, duplex,
+// staple, punch, colour mode. Nothing is raised (no answers) when fewer come.
+constexpr std::size_t kPrintPageFields = 14;
+Answers raise_print_page_fields(const std::vector<long long>& fields);
+// Fields of a scanned page (kScanPageFields): user job id, page number, custom x, custom y,
+// paper size, direction, duplex, colour mode, resolution.
+constexpr std::size_t kScanPageFields = 9;
+Answers raise_scan_page_fields(const std::vector<long long>& fields);
 
 // Generic forms: any notification, given as a call on one observer. *_raise waits for the
 // answers; *_post returns at once with them to come.

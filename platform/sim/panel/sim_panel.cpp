@@ -1,7 +1,7 @@
 // Simulated panel facade: keeps observers, delivers on its own thread, and records every
 // panel request with its arguments.
 #include "esv_zel_panel_facade.h"
-#include "tovr_sim_events.h"
+#include "tovr_sim_panel.h"
 
 namespace tovr_sim {
 
@@ -9,6 +9,18 @@ PanelFacade& panel_facade() {
     static PanelFacade* f = new PanelFacade("panel");  // outlives static destruction
     return *f;
 }
+
+Answers raise_key_event(unsigned int id, ESV_ZEL_PANEL_KEY_EVENT event) {
+    return panel_facade().raise([=](tarnwick::esv_zel_panel_observer* o) { return o->notify_key_event(id, event); });
+}
+
+Answers raise_auto_panel_reset() {
+    return panel_facade().raise([](tarnwick::esv_zel_panel_observer* o) { return o->notify_auto_panel_reset(); });
+}
+
+namespace {
+const bool registered = register_service(Service{"panel", reset_panel, [] { return panel_facade().observers().size(); }});
+}  // namespace
 
 }  // namespace tovr_sim
 

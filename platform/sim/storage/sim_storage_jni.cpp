@@ -1,27 +1,14 @@
-// JNI side of tarnwick.sim.SimStorage: the simulated disk I/O library and easy box for Java tests.
+// JNI side of tarnwick.sim.SimStorage: converts the arguments and calls the disk I/O library's
+// control interface (tovr_sim_storage.h).
 #include <jni.h>
 
 #include <string>
-#include <vector>
 
-#include "tovr_sim_storage.h"
 #include "sim_jni.h"
+#include "tovr_sim_storage.h"
 
-namespace {
-
-using tovr_sim_jni::strings;
+using tovr_sim_jni::bytes;
 using tovr_sim_jni::text;
-
-
-std::string bytes(JNIEnv* env, jbyteArray a) {
-    if (a == nullptr) return std::string();
-    jsize n = env->GetArrayLength(a);
-    std::string out(static_cast<std::size_t>(n), '\0');
-    if (n > 0) env->GetByteArrayRegion(a, 0, n, reinterpret_cast<jbyte*>(&out[0]));
-    return out;
-}
-
-}  // namespace
 
 extern "C" {
 
@@ -82,52 +69,6 @@ JNIEXPORT void JNICALL Java_tarnwick_sim_SimStorage_forceFtell(JNIEnv*, jclass, 
 
 JNIEXPORT void JNICALL Java_tarnwick_sim_SimStorage_forceAttribute(JNIEnv*, jclass, jint result, jint raw, jint times) {
     tovr_sim::force_attribute(result, raw, times);
-}
-
-JNIEXPORT void JNICALL Java_tarnwick_sim_SimStorage_failAlloc(JNIEnv*, jclass, jint times) {
-    tovr_sim::fail_alloc(times);
-}
-
-JNIEXPORT jboolean JNICALL Java_tarnwick_sim_SimStorage_boxAddFolder(JNIEnv* env, jclass, jstring path) {
-    return tovr_sim::box_add_folder(text(env, path));
-}
-
-JNIEXPORT jboolean JNICALL Java_tarnwick_sim_SimStorage_boxAddDocument(JNIEnv* env, jclass, jstring folder,
-                                                                       jstring name, jlong size, jint date, jint type) {
-    return tovr_sim::box_add_document(text(env, folder), text(env, name), static_cast<std::uint32_t>(size), date,
-                                      static_cast<std::uint32_t>(type));
-}
-
-JNIEXPORT jboolean JNICALL Java_tarnwick_sim_SimStorage_boxRemove(JNIEnv* env, jclass, jstring path) {
-    return tovr_sim::box_remove(text(env, path));
-}
-
-JNIEXPORT jboolean JNICALL Java_tarnwick_sim_SimStorage_boxExists(JNIEnv* env, jclass, jstring path) {
-    return tovr_sim::box_exists(text(env, path));
-}
-
-JNIEXPORT jobjectArray JNICALL Java_tarnwick_sim_SimStorage_boxNames(JNIEnv* env, jclass, jstring folder) {
-    return strings(env, tovr_sim::box_names(text(env, folder)));
-}
-
-JNIEXPORT void JNICALL Java_tarnwick_sim_SimStorage_boxSetListingLimit(JNIEnv*, jclass, jint n) {
-    tovr_sim::box_set_listing_limit(n);
-}
-
-JNIEXPORT void JNICALL Java_tarnwick_sim_SimStorage_boxReset(JNIEnv*, jclass) { tovr_sim::box_reset(); }
-
-JNIEXPORT void JNICALL Java_tarnwick_sim_SimStorage_forceBoxPrepare(JNIEnv*, jclass, jlong result, jlong handle,
-                                                                    jlong total, jint times) {
-    tovr_sim::force_box_prepare(static_cast<long>(result), static_cast<unsigned int>(handle),
-                                static_cast<unsigned int>(total), times);
-}
-
-JNIEXPORT void JNICALL Java_tarnwick_sim_SimStorage_forceBoxEntry(JNIEnv* env, jclass, jlong result, jlong get_num,
-                                                                  jlong type, jbyteArray name, jint date, jlong size,
-                                                                  jbyteArray path, jint times) {
-    tovr_sim::force_box_entry(static_cast<long>(result), static_cast<unsigned int>(get_num),
-                              static_cast<std::uint32_t>(type), bytes(env, name), date,
-                              static_cast<std::uint32_t>(size), bytes(env, path), times);
 }
 
 }  // extern "C"

@@ -7,9 +7,7 @@
 #include <tuple>
 
 #include "esv_zel_systeminfo_facade.h"
-#include "sim_device_internal.h"
-#include "tovr_sim.h"
-#include "tovr_sim_device.h"
+#include "tovr_sim_system.h"
 
 namespace tovr_sim {
 
@@ -62,21 +60,15 @@ bool known_kind(unsigned char kind) { return kind <= kCountKindScan; }
 
 }  // namespace
 
-namespace devicesim {
 void reset_sysinfo() {
     SysInfo& s = state();
     std::lock_guard<std::mutex> lock(s.mutex);
     s.defaults();
 }
-}  // namespace devicesim
 
-void reset_device_services() {
-    devicesim::reset_sysinfo();
-    devicesim::reset_power();
-    devicesim::reset_panel();
-    devicesim::reset_acc_reader();
-    devicesim::reset_webservice();
-}
+namespace {
+const bool registered = register_service(Service{"systeminfo", reset_sysinfo, nullptr});
+}  // namespace
 
 void sysinfo_set_model_type(unsigned int type) {
     std::lock_guard<std::mutex> lock(state().mutex);

@@ -13,6 +13,10 @@
 using tarnwick::esv_zel_dept_facade;
 
 namespace tovr_sim {
+
+using usersim::get;
+using usersim::put;
+
 namespace {
 
 struct Department {
@@ -34,17 +38,7 @@ Depts& depts() {
     return *d;
 }
 
-template <std::size_t N>
-std::string get(const char (&field)[N]) {
-    return std::string(field, strnlen(field, N));
-}
 
-template <std::size_t N>
-void put(char (&field)[N], const std::string& text) {
-    std::size_t n = std::min(text.size(), N - 1);
-    std::memcpy(field, text.data(), n);
-    std::memset(field + n, 0, N - n);
-}
 
 // A record as stored: every text within its field and terminated.
 ESV_ZEL_DEPT_DEPTINFO stored(const ESV_ZEL_DEPT_DEPTINFO& in) {
@@ -131,18 +125,29 @@ int dept_invalid_mode() { return read_setting(depts().invalid_mode); }
 int dept_mix_mode() { return read_setting(depts().mix_mode); }
 int dept_mode() { return read_setting(depts().dept_mode); }
 
+ESV_ZEL_DEPT_DEPTINFO dept_record(const std::string& id, const std::string& name) {
+    ESV_ZEL_DEPT_DEPTINFO d;
+    std::memset(&d, 0, sizeof d);
+    put(d.id, id);
+    put(d.name, name);
+    return d;
+}
+
+ESV_ZEL_DEPT_DEPTINFO dept_record_full() {
+    ESV_ZEL_DEPT_DEPTINFO d;
+    std::memset(&d, 0, sizeof d);
+    std::memset(d.name, 'N', sizeof d.name);
+    std::memset(d.note, 'T', sizeof d.note);
+    std::memset(d.id, 'I', sizeof d.id);
+    return d;
+}
+
 void force_dept_value_output(const std::string& op, long result, int value, int times) {
-    force(op, [result, value](const Params& p) {
-        if (p.size() == 1 && p[0] != nullptr) *static_cast<int*>(p[0]) = value;  // every setting is int wide
-        return result;
-    }, times);
+    force_output(op, result, output_value(0, value), times);  // every setting is int wide
 }
 
 void force_dept_record_output(long result, const ESV_ZEL_DEPT_DEPTINFO& record, int times) {
-    force("esv_zel_dept_retrieve_hide_dept", [result, record](const Params& p) {
-        if (p.size() == 2 && p[1] != nullptr) *static_cast<ESV_ZEL_DEPT_DEPTINFO*>(p[1]) = record;
-        return result;
-    }, times);
+    force_output("esv_zel_dept_retrieve_hide_dept", result, output_record(1, record), times);
 }
 
 }  // namespace tovr_sim

@@ -15,13 +15,6 @@ using tovr_sim_jni::text;
 
 
 template <std::size_t N>
-void put(char (&field)[N], const std::string& t) {
-    std::size_t n = t.size() < N - 1 ? t.size() : N - 1;
-    std::memcpy(field, t.data(), n);
-    std::memset(field + n, 0, N - n);
-}
-
-template <std::size_t N>
 std::string get(const char (&field)[N]) {
     return std::string(field, strnlen(field, N));
 }
@@ -33,6 +26,16 @@ jintArray ints(JNIEnv* env, const std::int32_t* v, std::size_t n) {
     std::vector<jint> copy(v, v + n);
     env->SetIntArrayRegion(out, 0, static_cast<jsize>(n), copy.data());
     return out;
+}
+
+// The fields a user list shows of a user.
+tovr_sim::SimUser listed_user(JNIEnv* env, jstring login, jstring name, jstring email, jint rights) {
+    tovr_sim::SimUser u;
+    u.login_name = text(env, login);
+    u.user_name = text(env, name);
+    u.email = text(env, email);
+    u.rights = rights;
+    return u;
 }
 
 }  // namespace
@@ -121,17 +124,12 @@ JNIEXPORT void JNICALL Java_tarnwick_sim_SimUsers_forceUserInfoOutput(JNIEnv* en
                                                                        jstring login, jstring name, jstring email,
                                                                        jint rights, jlong job_limit, jint dept_id,
                                                                        jstring kana, jint times) {
-    ESV_ZEL_USERINFO_RECORD r;
-    std::memset(&r, 0, sizeof r);
-    r.id = static_cast<std::uint32_t>(id);
-    put(r.login_name, text(env, login));
-    put(r.user_name, text(env, name));
-    put(r.email, text(env, email));
-    r.rights = static_cast<ESV_ZEL_USER_RIGHTS>(rights);
-    r.job_limit = static_cast<std::uint32_t>(job_limit);
-    r.dept_id = static_cast<std::uint16_t>(dept_id);
-    put(r.kana, text(env, kana));
-    tovr_sim::force_userinfo_output(static_cast<long>(result), r, times);
+    tovr_sim::SimUser u = listed_user(env, login, name, email, rights);
+    u.job_limit = static_cast<std::uint32_t>(job_limit);
+    u.dept_id = static_cast<std::uint16_t>(dept_id);
+    u.kana = text(env, kana);
+    tovr_sim::force_userinfo_output(static_cast<long>(result), tovr_sim::userinfo_record(static_cast<std::uint32_t>(id), u),
+                                    times);
 }
 
 JNIEXPORT void JNICALL Java_tarnwick_sim_SimUsers_forceListPrepareOutput(JNIEnv*, jclass, jlong result, jlong handle,
@@ -147,24 +145,13 @@ JNIEXPORT void JNICALL Java_tarnwick_sim_SimUsers_forceListFetchOutput(JNIEnv* e
         tovr_sim::force_list_fetch_output(static_cast<long>(result), static_cast<unsigned int>(get_num), nullptr, times);
         return;
     }
-    ESV_ZEL_USERINFO_RECORD r;
-    std::memset(&r, 0, sizeof r);
-    put(r.login_name, text(env, login));
-    put(r.user_name, text(env, name));
-    put(r.email, text(env, email));
-    r.rights = static_cast<ESV_ZEL_USER_RIGHTS>(rights);
+    const ESV_ZEL_USERINFO_RECORD r = tovr_sim::userinfo_record(0, listed_user(env, login, name, email, rights));
     tovr_sim::force_list_fetch_output(static_cast<long>(result), static_cast<unsigned int>(get_num), &r, times);
 }
 
 JNIEXPORT void JNICALL Java_tarnwick_sim_SimUsers_forceListFetchFullFields(JNIEnv*, jclass, jlong result, jint rights,
                                                                             jint times) {
-    ESV_ZEL_USERINFO_RECORD r;
-    std::memset(&r, 0, sizeof r);
-    std::memset(r.login_name, 'L', sizeof r.login_name);
-    std::memset(r.user_name, 'U', sizeof r.user_name);
-    std::memset(r.email, 'M', sizeof r.email);
-    std::memset(r.kana, 'K', sizeof r.kana);
-    r.rights = static_cast<ESV_ZEL_USER_RIGHTS>(rights);
+    const ESV_ZEL_USERINFO_RECORD r = tovr_sim::userinfo_record_full(rights);
     tovr_sim::force_list_fetch_output(static_cast<long>(result), 1, &r, times);
 }
 
@@ -214,20 +201,12 @@ JNIEXPORT void JNICALL Java_tarnwick_sim_SimUsers_forceDeptValueOutput(JNIEnv* e
 
 JNIEXPORT void JNICALL Java_tarnwick_sim_SimUsers_forceDeptRecordOutput(JNIEnv* env, jclass, jlong result, jstring id,
                                                                          jstring name, jint times) {
-    ESV_ZEL_DEPT_DEPTINFO d;
-    std::memset(&d, 0, sizeof d);
-    put(d.id, text(env, id));
-    put(d.name, text(env, name));
-    tovr_sim::force_dept_record_output(static_cast<long>(result), d, times);
+    tovr_sim::force_dept_record_output(static_cast<long>(result), tovr_sim::dept_record(text(env, id), text(env, name)),
+                                       times);
 }
 
 JNIEXPORT void JNICALL Java_tarnwick_sim_SimUsers_forceDeptRecordFullFields(JNIEnv*, jclass, jlong result, jint times) {
-    ESV_ZEL_DEPT_DEPTINFO d;
-    std::memset(&d, 0, sizeof d);
-    std::memset(d.name, 'N', sizeof d.name);
-    std::memset(d.note, 'T', sizeof d.note);
-    std::memset(d.id, 'I', sizeof d.id);
-    tovr_sim::force_dept_record_output(static_cast<long>(result), d, times);
+    tovr_sim::force_dept_record_output(static_cast<long>(result), tovr_sim::dept_record_full(), times);
 }
 
 }  // extern "C"

@@ -65,6 +65,12 @@ std::string session_user(unsigned long cert_id);
 int auth_mode();
 int func_auth_mode();
 
+// A user record as the device lists it: `user`'s fields (texts cut to their fields and
+// terminated) under `id`.
+ESV_ZEL_USERINFO_RECORD userinfo_record(std::uint32_t id, const SimUser& user);
+// A user record whose texts fill their fields completely (no terminator), with `rights`.
+ESV_ZEL_USERINFO_RECORD userinfo_record_full(int rights);
+
 // Typed output forcings: the next `times` calls of the operation answer `result` and write the
 // given output (whatever the result).
 // esv_zel_user_account_login (either form) or esv_zel_user_idm_login: the certificate.
@@ -104,6 +110,11 @@ int dept_mode();
 
 // Hook of the job runner: one printed page of a job whose user is `user_name`.
 void dept_page_printed(const std::string& user_name, bool copy);
+
+// A department record with `id` and `name` (cut to their fields and terminated), the rest zero.
+ESV_ZEL_DEPT_DEPTINFO dept_record(const std::string& id, const std::string& name);
+// A department record whose texts fill their fields completely (no terminator).
+ESV_ZEL_DEPT_DEPTINFO dept_record_full();
 
 // Typed output forcings of the department facade.
 // One of the four get_* setting operations: writes `value` into its output.

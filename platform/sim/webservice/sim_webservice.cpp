@@ -4,9 +4,7 @@
 #include <string>
 
 #include "esv_zel_webservice_facade.h"
-#include "sim_device_internal.h"
-#include "tovr_sim.h"
-#include "tovr_sim_device.h"
+#include "tovr_sim_webservice.h"
 
 namespace tovr_sim {
 
@@ -24,14 +22,14 @@ Services& services() {
 
 bool known_kind(int kind) { return kind >= ESV_ZEL_WEBSERVICE_KIND_SCAN && kind <= ESV_ZEL_WEBSERVICE_KIND_DEVICE; }
 
+const bool registered = register_service(Service{"webservice", reset_webservice, nullptr});
+
 }  // namespace
 
-namespace devicesim {
 void reset_webservice() {
     std::lock_guard<std::mutex> lock(services().mutex);
     services().holders.clear();
 }
-}  // namespace devicesim
 
 std::string webservice_holder(int kind) {
     std::lock_guard<std::mutex> lock(services().mutex);

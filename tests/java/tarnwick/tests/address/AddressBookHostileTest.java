@@ -18,11 +18,12 @@ import java.util.concurrent.ExecutorService;
 import java.util.concurrent.Executors;
 import java.util.concurrent.Future;
 import java.util.concurrent.TimeUnit;
-import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.address.SearchKey;
 import tarnwick.sim.SimAddressBook;
 import tarnwick.sim.SimDevice;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.address.PersonalAddressImpl;
 import tarnwick.zel.wrapper.address.CMT_ADDRESSBOOKJNI;
 
@@ -34,14 +35,8 @@ import tarnwick.zel.wrapper.address.CMT_ADDRESSBOOKJNI;
  * bad handle is the caller's fault).
  */
 class AddressBookHostileTest {
-    static {
-        AddressFixture.load(true);
-    }
-
-    @BeforeEach
-    void fresh() {
-        AddressFixture.fresh();
-    }
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension();
 
     private static void assertNothingOpen() {
         assertEquals(0, SimDevice.openResources(SimAddressBook.SEARCH), "open searches");

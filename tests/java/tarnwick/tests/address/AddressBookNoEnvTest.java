@@ -5,19 +5,19 @@ import static org.junit.jupiter.api.Assertions.assertNull;
 
 import java.util.List;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.address.SearchKey;
 import tarnwick.sim.SimAddressBook;
 import tarnwick.sim.SimDevice;
+import tarnwick.tests.support.SimDeviceExtension;
 
 /** A search before the library was initialised: no VM known to it, so no environment. */
 class AddressBookNoEnvTest {
-    static {
-        AddressFixture.load(false);
-    }
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension(false);
 
     @Test
     void noEnvironmentGivesNullBeforeTheFacade() {
-        AddressFixture.fresh();
         SimAddressBook.generate(3, 1);
         assertNull(AddressFixture.search(1, new SearchKey("Person")));
         assertEquals(List.of("3 search_address,[Enter] type = [1]", "0 search_personal_address,Fail to get JNIEnv."),

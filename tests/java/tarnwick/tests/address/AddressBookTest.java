@@ -17,25 +17,20 @@ import static tarnwick.tests.address.AddressFixture.trace;
 import java.util.ArrayList;
 import java.util.Arrays;
 import java.util.List;
-import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import org.junit.jupiter.params.ParameterizedTest;
 import org.junit.jupiter.params.provider.ValueSource;
 import tarnwick.address.SearchKey;
 import tarnwick.sim.SimAddressBook;
 import tarnwick.sim.SimDevice;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.address.PersonalAddressImpl;
 
 /** Searches of personal addresses through the address-book module, on the simulated book. */
 class AddressBookTest {
-    static {
-        AddressFixture.load(true);
-    }
-
-    @BeforeEach
-    void fresh() {
-        AddressFixture.fresh();
-    }
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension();
 
     private static void assertNothingOpen() {
         assertEquals(0, SimDevice.openResources(SimAddressBook.SEARCH), "open searches");
@@ -176,10 +171,6 @@ class AddressBookTest {
         return r;
     }
 
-    private static String repeat(char c, int n) {
-        return String.valueOf(c).repeat(n);
-    }
-
     @Test
     void unterminatedTextsStopAtTheirWidth() {
         byte[] r = new SimAddressBook.Entry("x").toBytes();
@@ -194,14 +185,14 @@ class AddressBookTest {
         filled(r, 1988, 132, 'm');  // mail address to the end
         SimAddressBook.addRecord(r);
         PersonalAddressImpl a = (PersonalAddressImpl) search(1, new SearchKey("aaa"))[0];
-        assertEquals(repeat('a', 193), a.getName().getName());
-        assertEquals(repeat('b', 193), a.getName().getPronunciation());
-        assertEquals(repeat('p', 131), a.getSmb().getPassword());
+        assertEquals(SimDeviceExtension.repeat('a', 193), a.getName().getName());
+        assertEquals(SimDeviceExtension.repeat('b', 193), a.getName().getPronunciation());
+        assertEquals(SimDeviceExtension.repeat('p', 131), a.getSmb().getPassword());
         assertEquals("0123", a.getFax().getFaxNum());
-        assertEquals(repeat('7', 21), a.getFax().getFaxAddress());
-        assertEquals(repeat('d', 195), a.getFax().getDepartment());
-        assertEquals(repeat('i', 132), a.getIfax().getIfaxAddress());
-        assertEquals(repeat('m', 132), a.getEmail().getMailAddress());
+        assertEquals(SimDeviceExtension.repeat('7', 21), a.getFax().getFaxAddress());
+        assertEquals(SimDeviceExtension.repeat('d', 195), a.getFax().getDepartment());
+        assertEquals(SimDeviceExtension.repeat('i', 132), a.getIfax().getIfaxAddress());
+        assertEquals(SimDeviceExtension.repeat('m', 132), a.getEmail().getMailAddress());
     }
 
     @Test

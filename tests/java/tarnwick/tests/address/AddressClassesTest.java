@@ -14,8 +14,10 @@ import java.nio.file.Path;
 import java.util.ArrayList;
 import java.util.List;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.address.SearchKey;
 import tarnwick.sim.SimAddressBook;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.address.PersonalAddressImpl;
 import tarnwick.zel.address.attribute.FtpInfoImpl;
 import tarnwick.zel.address.attribute.NameInfoImpl;
@@ -23,9 +25,8 @@ import tarnwick.zel.wrapper.address.CMT_ADDRESSBOOKJNI;
 
 /** The Java classes of the address book, the module's natives, and the simulated book's file loading. */
 class AddressClassesTest {
-    static {
-        AddressFixture.load(true);
-    }
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension();
 
     private static void field(Class<?> c, String name, Class<?> type) throws Exception {
         Field f = c.getDeclaredField(name);
@@ -110,7 +111,6 @@ class AddressClassesTest {
 
     @Test
     void bookLoadedFromAFile() throws Exception {
-        AddressFixture.fresh();
         Path file = Files.createTempFile("book", ".txt");
         try {
             Files.writeString(file, String.join("\n",

@@ -2,8 +2,8 @@ package tarnwick.tests.address;
 
 import java.util.ArrayList;
 import java.util.List;
-import tarnwick.sim.SimAddressBook;
 import tarnwick.sim.SimDevice;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.address.PersonalAddressImpl;
 import tarnwick.zel.address.attribute.EmailInfoImpl;
 import tarnwick.zel.address.attribute.FaxInfoImpl;
@@ -12,7 +12,6 @@ import tarnwick.zel.address.attribute.IfaxInfoImpl;
 import tarnwick.zel.address.attribute.NameInfoImpl;
 import tarnwick.zel.address.attribute.SmbInfoImpl;
 import tarnwick.zel.wrapper.address.CMT_ADDRESSBOOKJNI;
-import tarnwick.zel.wrapper.system.cmt_commonJNI;
 
 /** Shared steps of the address-book tests: a search through the module, its trace and calls. */
 final class AddressFixture {
@@ -21,18 +20,6 @@ final class AddressFixture {
     static final String FINISH = "esv_zel_search_personal_address_list_finish";
 
     private AddressFixture() {}
-
-    static void load(boolean init) {
-        System.loadLibrary("tovrCMT");
-        if (init) cmt_commonJNI.cmt_init_init();
-    }
-
-    /** A fresh device: no forcings, no calls, empty trace and book, no open search. */
-    static void fresh() {
-        SimDevice.reset();
-        SimAddressBook.reset();
-        SimDevice.clearTrace();
-    }
 
     /** One search through a book object made and deleted around it. */
     static Object[] search(int type, Object key) {
@@ -46,15 +33,7 @@ final class AddressFixture {
 
     /** The address book's trace lines as "level operation,message" (module and line dropped). */
     static List<String> trace() {
-        List<String> out = new ArrayList<>();
-        for (String line : SimDevice.traceLines()) {
-            int at = line.indexOf("cmt_address_book[");
-            if (at < 0) continue;
-            String level = line.substring(0, line.indexOf(' '));
-            String rest = line.substring(at).replaceFirst("^cmt_address_book\\[\\d{4}\\]::", "");
-            out.add(level + " " + rest);
-        }
-        return out;
+        return SimDeviceExtension.trace("cmt_address_book");
     }
 
     static int count(String op) {

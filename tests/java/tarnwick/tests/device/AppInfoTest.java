@@ -7,28 +7,28 @@ import java.util.List;
 import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimDevice;
+import tarnwick.sim.SimPanel;
 import tarnwick.sim.SimSystem;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.wrapper.appinfo.cmt_appinfo_proxy;
 
 /** The application-information module in a real JVM on the simulated device. */
 class AppInfoTest {
-    static {
-        System.loadLibrary("tovrCMT");
-    }
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension(false);
 
     private long h;
 
     @BeforeEach
     void setUp() {
-        DeviceTraces.freshDevice();
         h = new_cmt_appinfo_proxy();
     }
 
     @AfterEach
     void tearDown() {
         delete_cmt_appinfo_proxy(h);
-        DeviceTraces.freshDevice();
     }
 
     @Test
@@ -39,7 +39,7 @@ class AppInfoTest {
         assertEquals(0x04010501, cmt_appinfo_proxy_set_value(h, null, 17, 1));
         SimDevice.forceResult("esv_zel_systeminfo_set_value", 0x04010599L, 1);
         assertEquals(0x04010599, cmt_appinfo_proxy_set_value(h, null, 1, 1));
-        assertEquals(List.of(), DeviceTraces.of("cmt_appinfo_proxy"));
+        assertEquals(List.of(), SimDeviceExtension.trace("cmt_appinfo_proxy"));
     }
 
     @Test
@@ -81,15 +81,15 @@ class AppInfoTest {
 
     @Test
     void changeId() {
-        SimSystem.setPanelIdentity("copy-app", 0x80000001L);
+        SimPanel.setIdentity("copy-app", 0x80000001L);
         assertEquals(2147483649L, cmt_appinfo_proxy_change_id(h, null, "copy-app"));
-        assertEquals(2147483649L, SimSystem.currentPanelId());
+        assertEquals(2147483649L, SimPanel.currentId());
         assertEquals(0L, cmt_appinfo_proxy_change_id(h, null, "nobody"));
         assertEquals(0L, cmt_appinfo_proxy_change_id(h, null, null));
         String[] calls = SimDevice.calls("esv_zel_panel_change_id");
         assertEquals("copy-app, 0", calls[0]);
         assertEquals("null, 0", calls[2]);
-        SimSystem.forceUint("esv_zel_panel_change_id", 1, 77, SimSystem.PANEL_ERROR, 1);
+        SimSystem.forceUint("esv_zel_panel_change_id", 1, 77, SimPanel.ERROR, 1);
         assertEquals(0L, cmt_appinfo_proxy_change_id(h, null, "copy-app"));
     }
 

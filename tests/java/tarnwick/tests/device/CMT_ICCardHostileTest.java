@@ -11,27 +11,26 @@ import java.util.List;
 import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
+import tarnwick.sim.SimAcc;
 import tarnwick.sim.SimDevice;
-import tarnwick.sim.SimSystem;
+import tarnwick.tests.support.SimDeviceExtension;
 
 /** Hostile calls of the IC card module: out-of-range indexes and sites, huge texts, extreme chars. */
 class CMT_ICCardHostileTest {
-    static {
-        System.loadLibrary("tovrCMT");
-    }
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension(false);
 
     private long h;
 
     @BeforeEach
     void setUp() {
-        DeviceTraces.freshDevice();
         h = new_CMT_Device_ICCard();
     }
 
     @AfterEach
     void tearDown() {
         delete_CMT_Device_ICCard(h);
-        DeviceTraces.freshDevice();
     }
 
     @Test
@@ -49,7 +48,7 @@ class CMT_ICCardHostileTest {
             assertEquals("basic_string: construction from null is not valid", e.getMessage());
         }
         assertTrue(CMT_Device_ICCard_setTypeCInfo(h, null, 1));
-        assertArrayEquals(new String[] {"1", "0", "0", "0", "1", "1"}, SimSystem.lastFelicaSent());
+        assertArrayEquals(new String[] {"1", "0", "0", "0", "1", "1"}, SimAcc.lastFelicaSent());
     }
 
     @Test
@@ -71,7 +70,7 @@ class CMT_ICCardHostileTest {
         assertTrue(CMT_Device_ICCard_setReaderType(h, null, (char) 0x7F));
         assertTrue(CMT_Device_ICCard_setReaderType(h, null, (char) 0x80));
         assertArrayEquals(new String[] {"255", "0", "127", "128"}, SimDevice.calls("esv_zel_acc_set_iccard_read_type"));
-        List<String> entries = DeviceTraces.of("cmt_device_iccard");
+        List<String> entries = SimDeviceExtension.trace("cmt_device_iccard");
         assertEquals("3 setReaderType,[Enter] card_device_type = -1", entries.get(0));
         assertEquals("3 setReaderType,[Enter] card_device_type = 0", entries.get(2));
         assertEquals("3 setReaderType,[Enter] card_device_type = 127", entries.get(4));
@@ -80,17 +79,17 @@ class CMT_ICCardHostileTest {
 
     @Test
     void hugeCodesAreStagedButRefusedByTheReader() {
-        String big = DeviceTraces.repeat('F', 1 << 20);
+        String big = SimDeviceExtension.repeat('F', 1 << 20);
         CMT_Device_ICCard_setSystemCode(h, null, big);
         CMT_Device_ICCard_setServiceCode(h, null, big, Integer.MIN_VALUE, 0);
         CMT_Device_ICCard_setServiceCode(h, null, "", Integer.MAX_VALUE, 1);
         assertFalse(CMT_Device_ICCard_setTypeCInfo(h, null, 1));
-        String[] sent = SimSystem.lastFelicaSent();
+        String[] sent = SimAcc.lastFelicaSent();
         assertEquals(big, sent[1]);
         assertEquals("0", sent[4]);
         assertEquals("255", sent[5]);
-        assertArrayEquals(new String[] {"0", "0", "0", "1", "1"}, SimSystem.felica(1));
-        SimSystem.setFelica(2, big, "", "\u00e9", 0, 255);
+        assertArrayEquals(new String[] {"0", "0", "0", "1", "1"}, SimAcc.felica(1));
+        SimAcc.setFelica(2, big, "", "\u00e9", 0, 255);
         assertEquals(big, CMT_Device_ICCard_getTypeCSystemCode(h, null, 2));
         assertEquals("", CMT_Device_ICCard_getTypeCServiceCode(h, null, 2, 0));
         assertEquals("\u00e9", CMT_Device_ICCard_getTypeCServiceCode(h, null, 2, 1));

@@ -10,27 +10,27 @@ import static tarnwick.zel.wrapper.device.attribute.CMT_SystemInformationJNI.*;
 import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
+import tarnwick.sim.SimCommon;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimSystem;
+import tarnwick.tests.support.SimDeviceExtension;
 
 /** Hostile calls of the system-information module: null handles, huge texts and numbers, odd arrays. */
 class CMT_SystemInformationHostileTest {
-    static {
-        System.loadLibrary("tovrCMT");
-    }
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension(false);
 
     private long h;
 
     @BeforeEach
     void setUp() {
-        DeviceTraces.freshDevice();
         h = new_CMT_System_Info();
     }
 
     @AfterEach
     void tearDown() {
         delete_CMT_System_Info(h);
-        DeviceTraces.freshDevice();
     }
 
     @Test
@@ -60,17 +60,17 @@ class CMT_SystemInformationHostileTest {
 
     @Test
     void megabyteTextsTravelWhole() {
-        String big = DeviceTraces.repeat('v', 1 << 20);
+        String big = SimDeviceExtension.repeat('v', 1 << 20);
         assertTrue(CMT_System_Info_set_string_value(h, null, 1, big));
         assertEquals(big, CMT_System_Info_get_string_value(h, null, 1));
         SimSystem.setMachineText(2, 3, big);
         String[] value = {big};
         assertEquals(0, CMT_System_Info_get_machine_info__SWIG_1(h, null, 2, 3, value));
         assertEquals(big, value[0]);
-        SimSystem.setCertAnswer(big, 1);
+        SimCommon.setCertAnswer(big, 1);
         assertTrue(CMT_System_Info_check_eweb_cert_info(h, null, big));
         // The trace line of a huge value is cut at 255 characters, never overrun.
-        for (String line : DeviceTraces.of("cmt_system_info")) assertTrue(line.length() < 300, line);
+        for (String line : SimDeviceExtension.trace("cmt_system_info")) assertTrue(line.length() < 300, line);
     }
 
     @Test
@@ -96,7 +96,7 @@ class CMT_SystemInformationHostileTest {
         }
         assertEquals(0L, SimSystem.machineInfo(Integer.MAX_VALUE, 0xFFFFFFFFL));
         assertEquals(0, CMT_System_Info_suspend_deep_sleep(h, null, Long.MAX_VALUE));
-        assertEquals(1, SimSystem.deepSleepSuspends(0xFFFFFFFFL));
+        assertEquals(1, SimCommon.deepSleepSuspends(0xFFFFFFFFL));
         assertEquals(0, CMT_System_Info_resume_deep_sleep(h, null, -1L));
         assertEquals(2, CMT_System_Info_set_wakeup_date(h, null, 1, -1L));  // 0xFFFFFFFF: -1 on the device
         assertEquals("1, -1", SimDevice.calls("esv_zel_set_wakeup_date")[0]);

@@ -9,8 +9,11 @@ import java.util.List;
 import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
+import tarnwick.sim.SimAcc;
 import tarnwick.sim.SimJobs;
 import tarnwick.sim.SimSystem;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.controller.event.proxy.AccProxy;
 import tarnwick.zel.controller.event.proxy.CommonProxy;
 import tarnwick.zel.wrapper.device.attribute.CMT_ICCardJNI;
@@ -24,9 +27,8 @@ import tarnwick.zel.wrapper.job.zel_fnd_job_moduleJNI;
  * show in the counters.
  */
 class DeviceRoadTest {
-    static {
-        System.loadLibrary("tovrCMT");
-    }
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension(false);
 
     private final List<String> events = Collections.synchronizedList(new ArrayList<>());
     private final CommonProxy.Listener common = new CommonProxy.Listener() {
@@ -43,8 +45,6 @@ class DeviceRoadTest {
 
     @BeforeEach
     void start() {
-        DeviceTraces.freshDevice();
-        SimJobs.reset();
         CommonProxy.addListener(common);
         AccProxy.addListener(acc);
         manager = ZELFNDEventJNI.new_zel_fnd_event_manager();
@@ -58,8 +58,6 @@ class DeviceRoadTest {
         ZELFNDEventJNI.delete_zel_fnd_event_manager(manager);
         CommonProxy.removeListener(common);
         AccProxy.removeListener(acc);
-        SimJobs.reset();
-        DeviceTraces.freshDevice();
     }
 
     @Test
@@ -72,11 +70,11 @@ class DeviceRoadTest {
 
     @Test
     void unpluggingTheReaderReachesTheReaderListeners() {
-        SimSystem.setReader(0x0590, 0x0102, 7);
+        SimAcc.setReader(0x0590, 0x0102, 7);
         long card = CMT_ICCardJNI.new_CMT_Device_ICCard();
-        assertEquals(1, SimSystem.plugReader(false));
+        assertEquals(1, SimAcc.plugReader(false));
         assertEquals(0, CMT_ICCardJNI.CMT_Device_ICCard_getReaderStatus(card, null));
-        assertEquals(1, SimSystem.plugReader(true));
+        assertEquals(1, SimAcc.plugReader(true));
         assertEquals(1, CMT_ICCardJNI.CMT_Device_ICCard_getReaderStatus(card, null));
         CMT_ICCardJNI.delete_CMT_Device_ICCard(card);
         assertEquals(List.of("reader 590 102 false 7", "reader 590 102 true 7"), events);

@@ -12,33 +12,33 @@ import java.util.List;
 import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
+import tarnwick.sim.SimAcc;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimSystem;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.wrapper.device.attribute.CMT_Device_ICCard;
 
 /** The IC card module in a real JVM on the simulated reader. */
 class ICCardTest {
-    static {
-        System.loadLibrary("tovrCMT");
-    }
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension(false);
 
     private static final String NO_TEXT = "basic_string: construction from null is not valid";
     private long h;
 
     @BeforeEach
     void setUp() {
-        DeviceTraces.freshDevice();
         h = new_CMT_Device_ICCard();
     }
 
     @AfterEach
     void tearDown() {
         delete_CMT_Device_ICCard(h);
-        DeviceTraces.freshDevice();
     }
 
     private static List<String> trace() {
-        return DeviceTraces.of("cmt_device_iccard");
+        return SimDeviceExtension.trace("cmt_device_iccard");
     }
 
     @Test
@@ -56,20 +56,20 @@ class ICCardTest {
 
     @Test
     void readerInformation() {
-        SimSystem.setReader(0xFFFF, 0x8001, 0xFF);
+        SimAcc.setReader(0xFFFF, 0x8001, 0xFF);
         assertTrue(CMT_Device_ICCard_getReaderInfo(h, null));
         assertEquals(0xFFFF, CMT_Device_ICCard_getVendorID(h, null));
         assertEquals(0x8001, CMT_Device_ICCard_getProductID(h, null));
         assertEquals(0xFF, CMT_Device_ICCard_getCardTypes(h, null));
         assertEquals(4, SimDevice.callCount("esv_zel_acc_get_iccard_device_info"));
-        SimSystem.plugReader(false);
+        SimAcc.plugReader(false);
         assertFalse(CMT_Device_ICCard_getReaderInfo(h, null));
         assertEquals(-1, CMT_Device_ICCard_getVendorID(h, null));
         assertEquals(-1, CMT_Device_ICCard_getProductID(h, null));
         assertEquals(-1, CMT_Device_ICCard_getCardTypes(h, null));
-        SimSystem.forceDeviceInfo("esv_zel_acc_get_iccard_device_info", 0, 1, 2, 3, 0, 1);
+        SimAcc.forceDeviceInfo("esv_zel_acc_get_iccard_device_info", 0, 1, 2, 3, 0, 1);
         assertEquals(2, CMT_Device_ICCard_getVendorID(h, null));
-        SimSystem.forceDeviceInfo("esv_zel_acc_get_iccard_device_info", 0, 7, 8, 9, 1, 1);
+        SimAcc.forceDeviceInfo("esv_zel_acc_get_iccard_device_info", 0, 7, 8, 9, 1, 1);
         assertEquals(-1, CMT_Device_ICCard_getProductID(h, null));
         assertEquals(List.of(), trace());
     }
@@ -77,22 +77,22 @@ class ICCardTest {
     @Test
     void readerStatus() {
         assertEquals(1, CMT_Device_ICCard_getReaderStatus(h, null));
-        SimSystem.plugReader(false);
+        SimAcc.plugReader(false);
         assertEquals(0, CMT_Device_ICCard_getReaderStatus(h, null));
         SimSystem.forceUint("esv_zel_acc_get_rw_status", 0, 2, 0, 1);
         assertEquals(-1, CMT_Device_ICCard_getReaderStatus(h, null));
-        SimSystem.forceUint("esv_zel_acc_get_rw_status", 0, 1, SimSystem.ACC_ERROR, 1);
+        SimSystem.forceUint("esv_zel_acc_get_rw_status", 0, 1, SimAcc.ERROR, 1);
         assertEquals(-1, CMT_Device_ICCard_getReaderStatus(h, null));
     }
 
     @Test
     void readerTypeIsASignedByte() {
         assertTrue(CMT_Device_ICCard_setReaderType(h, null, (char) 200));
-        assertEquals(200, SimSystem.readType());
+        assertEquals(200, SimAcc.readType());
         assertEquals(List.of("3 setReaderType,[Enter] card_device_type = -56", "3 setReaderType,true!!"), trace());
         SimDevice.clearTrace();
         assertTrue(CMT_Device_ICCard_setReaderType(h, null, (char) 0x1C8));  // the low byte travels
-        assertEquals(0xC8, SimSystem.readType());
+        assertEquals(0xC8, SimAcc.readType());
         assertEquals("200", SimDevice.calls("esv_zel_acc_set_iccard_read_type")[1]);
         SimDevice.clearTrace();
         SimDevice.forceResult("esv_zel_acc_set_iccard_read_type", 1, 1);
@@ -103,14 +103,14 @@ class ICCardTest {
     @Test
     void typeCReadType() {
         assertTrue(CMT_Device_ICCard_setTypeCReadType(h, null, 2));
-        assertEquals(2, SimSystem.felicaReadType());
+        assertEquals(2, SimAcc.felicaReadType());
         assertTrue(CMT_Device_ICCard_setTypeCReadType(h, null, 1));
         assertTrue(CMT_Device_ICCard_setTypeCReadType(h, null, 3));
-        assertEquals(0, SimSystem.felicaReadType());
+        assertEquals(0, SimAcc.felicaReadType());
         assertArrayEquals(new String[] {"2", "1", "0"}, SimDevice.calls("esv_zel_acc_set_felica_read_type"));
         assertEquals(List.of("3 setTypeCReadType,true!!", "3 setTypeCReadType,true!!", "3 setTypeCReadType,true!!"), trace());
         SimDevice.clearTrace();
-        SimDevice.forceResult("esv_zel_acc_set_felica_read_type", SimSystem.ACC_ERROR, 1);
+        SimDevice.forceResult("esv_zel_acc_set_felica_read_type", SimAcc.ERROR, 1);
         assertFalse(CMT_Device_ICCard_setTypeCReadType(h, null, 1));
         assertEquals(List.of("0 setTypeCReadType,CMT_Device_ICCard::setTypeCReadType false!!"), trace());
     }
@@ -118,7 +118,7 @@ class ICCardTest {
     @Test
     void initialSettingRightAfterConstruction() {
         assertTrue(CMT_Device_ICCard_setTypeCInfo(h, null, 1));
-        assertArrayEquals(new String[] {"1", "0", "0", "0", "1", "1"}, SimSystem.lastFelicaSent());
+        assertArrayEquals(new String[] {"1", "0", "0", "0", "1", "1"}, SimAcc.lastFelicaSent());
     }
 
     @Test
@@ -127,8 +127,8 @@ class ICCardTest {
         CMT_Device_ICCard_setServiceCode(h, null, "1A8B", 4, 0);
         CMT_Device_ICCard_setServiceCode(h, null, "0B00", 2, 1);
         assertTrue(CMT_Device_ICCard_setTypeCInfo(h, null, 2));
-        assertArrayEquals(new String[] {"FE00", "1A8B", "0B00", "4", "2"}, SimSystem.felica(2));
-        SimSystem.setFelica(1, "8000", "AAAA", "BBBB", 9, 250);
+        assertArrayEquals(new String[] {"FE00", "1A8B", "0B00", "4", "2"}, SimAcc.felica(2));
+        SimAcc.setFelica(1, "8000", "AAAA", "BBBB", 9, 250);
         assertEquals("8000", CMT_Device_ICCard_getTypeCSystemCode(h, null, 1));
         assertEquals("AAAA", CMT_Device_ICCard_getTypeCServiceCode(h, null, 1, 0));
         assertEquals("BBBB", CMT_Device_ICCard_getTypeCServiceCode(h, null, 1, 1));
@@ -142,7 +142,7 @@ class ICCardTest {
     void sitesOtherThanOneAndTwoSendZero() {
         assertFalse(CMT_Device_ICCard_setTypeCInfo(h, null, 0));
         assertFalse(CMT_Device_ICCard_setTypeCInfo(h, null, 5));
-        assertArrayEquals(new String[] {"0", "0", "0", "0", "1", "1"}, SimSystem.lastFelicaSent());
+        assertArrayEquals(new String[] {"0", "0", "0", "0", "1", "1"}, SimAcc.lastFelicaSent());
         String[] calls = SimDevice.calls("esv_zel_acc_set_felica_info");
         assertEquals(2, calls.length);
         for (String c : calls) assertTrue(c.startsWith("0, "), c);
@@ -154,14 +154,14 @@ class ICCardTest {
     void blockCountStagesThreeHundredAndSendsFortyFour() {
         CMT_Device_ICCard_setServiceCode(h, null, "1234", 300, 0);
         assertTrue(CMT_Device_ICCard_setTypeCInfo(h, null, 1));
-        assertEquals("44", SimSystem.lastFelicaSent()[4]);
+        assertEquals("44", SimAcc.lastFelicaSent()[4]);
         assertEquals(44, CMT_Device_ICCard_getTypeCBlockNum(h, null, 1, 0));
     }
 
     @Test
     void failedReadGivesBlockZeroAndTheStringGettersThrow() {
         CMT_Device_ICCard_setServiceCode(h, null, "1234", 7, 0);
-        SimDevice.forceResult("esv_zel_acc_get_felica_info", SimSystem.ACC_ERROR, -1);
+        SimDevice.forceResult("esv_zel_acc_get_felica_info", SimAcc.ERROR, -1);
         assertFalse(CMT_Device_ICCard_getTypeCInfo(h, null, 1));
         assertEquals(0, CMT_Device_ICCard_getTypeCBlockNum(h, null, 1, 0));
         RuntimeException e = assertThrows(RuntimeException.class, () -> CMT_Device_ICCard_getTypeCSystemCode(h, null, 1));
@@ -172,7 +172,7 @@ class ICCardTest {
         assertEquals(NO_TEXT, e.getMessage());
         SimDevice.reset();
         assertTrue(CMT_Device_ICCard_setTypeCInfo(h, null, 1));
-        assertArrayEquals(new String[] {"1", "0", "1234", "0", "7", "1"}, SimSystem.lastFelicaSent());
+        assertArrayEquals(new String[] {"1", "0", "1234", "0", "7", "1"}, SimAcc.lastFelicaSent());
     }
 
     @Test
@@ -182,7 +182,7 @@ class ICCardTest {
         CMT_Device_ICCard_setServiceCode(h, null, "X", 99, 2);
         CMT_Device_ICCard_setServiceCode(h, null, "X", 99, -1);
         assertTrue(CMT_Device_ICCard_setTypeCInfo(h, null, 1));
-        assertArrayEquals(new String[] {"1", "0", "A", "B", "5", "6"}, SimSystem.lastFelicaSent());
+        assertArrayEquals(new String[] {"1", "0", "A", "B", "5", "6"}, SimAcc.lastFelicaSent());
         assertEquals(0, CMT_Device_ICCard_getTypeCBlockNum(h, null, 1, 2));
         RuntimeException e = assertThrows(RuntimeException.class, () -> CMT_Device_ICCard_getTypeCServiceCode(h, null, 1, 2));
         assertEquals(NO_TEXT, e.getMessage());
@@ -195,7 +195,7 @@ class ICCardTest {
         CMT_Device_ICCard_setServiceCode(h, null, "1111", 3, 0);
         long second = new_CMT_Device_ICCard();
         assertTrue(CMT_Device_ICCard_setTypeCInfo(h, null, 1));
-        assertArrayEquals(new String[] {"1", "0", "0", "0", "1", "1"}, SimSystem.lastFelicaSent());
+        assertArrayEquals(new String[] {"1", "0", "0", "0", "1", "1"}, SimAcc.lastFelicaSent());
         delete_CMT_Device_ICCard(second);
     }
 
@@ -207,7 +207,7 @@ class ICCardTest {
         e = assertThrows(NullPointerException.class, () -> CMT_Device_ICCard_setServiceCode(h, null, null, 1, 0));
         assertEquals("null std::string", e.getMessage());
         assertTrue(CMT_Device_ICCard_setTypeCInfo(h, null, 1));
-        assertArrayEquals(new String[] {"1", "FE00", "0", "0", "1", "1"}, SimSystem.lastFelicaSent());
+        assertArrayEquals(new String[] {"1", "FE00", "0", "0", "1", "1"}, SimAcc.lastFelicaSent());
     }
 
     @Test
@@ -215,7 +215,7 @@ class ICCardTest {
         List<Thread> threads = new ArrayList<>();
         List<Throwable> failures = java.util.Collections.synchronizedList(new ArrayList<>());
         for (int t = 0; t < 4; ++t) {
-            final String code = DeviceTraces.repeat((char) ('a' + t), 10 + t);
+            final String code = SimDeviceExtension.repeat((char) ('a' + t), 10 + t);
             threads.add(new Thread(() -> {
                 try {
                     for (int i = 0; i < 200; ++i) {
@@ -232,7 +232,7 @@ class ICCardTest {
         for (Thread t : threads) t.start();
         for (Thread t : threads) t.join();
         assertEquals(List.of(), failures);
-        String sys = SimSystem.felica(1)[0];
+        String sys = SimAcc.felica(1)[0];
         assertTrue(sys.matches("a{10}|b{11}|c{12}|d{13}"), sys);
     }
 

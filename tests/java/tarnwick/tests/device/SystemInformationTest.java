@@ -11,33 +11,34 @@ import java.util.List;
 import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
+import tarnwick.sim.SimCommon;
 import tarnwick.sim.SimDevice;
+import tarnwick.sim.SimPanel;
 import tarnwick.sim.SimSystem;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.wrapper.device.attribute.CMT_System_Info;
 
 /** The system-information module in a real JVM on the simulated device. */
 class SystemInformationTest {
-    static {
-        System.loadLibrary("tovrCMT");
-    }
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension(false);
 
     private static final long COMPETENCE = 0x04010501L, ERROR = 0x04010502L, UNSUPPORTED = 0x04010503L;
     private long h;
 
     @BeforeEach
     void setUp() {
-        DeviceTraces.freshDevice();
         h = new_CMT_System_Info();
     }
 
     @AfterEach
     void tearDown() {
         delete_CMT_System_Info(h);
-        DeviceTraces.freshDevice();
     }
 
     private static List<String> trace() {
-        return DeviceTraces.of("cmt_system_info");
+        return SimDeviceExtension.trace("cmt_system_info");
     }
 
     @Test
@@ -253,7 +254,7 @@ class SystemInformationTest {
     @Test
     void wakeupDateNarrowsToThirtyTwoBitsAsOnTheDevice() {
         assertEquals(0, CMT_System_Info_set_wakeup_date(h, null, 5, 1700000000L));
-        assertEquals(1700000000L, SimSystem.wakeupDate(5));
+        assertEquals(1700000000L, SimCommon.wakeupDate(5));
         assertEquals(2, CMT_System_Info_set_wakeup_date(h, null, 6, 2147483649L));
         assertEquals("6, -2147483647", SimDevice.calls("esv_zel_set_wakeup_date")[1]);
         assertEquals(0, CMT_System_Info_set_wakeup_date(h, null, 0x100000007L, 0x100000005L));
@@ -266,11 +267,11 @@ class SystemInformationTest {
     void deepSleepSuspendResumeAndEnergySaving() {
         assertEquals(2, CMT_System_Info_resume_deep_sleep(h, null, 3));
         assertEquals(0, CMT_System_Info_suspend_deep_sleep(h, null, 3));
-        assertEquals(1, SimSystem.deepSleepSuspends(3));
+        assertEquals(1, SimCommon.deepSleepSuspends(3));
         assertFalse(CMT_System_Info_request_energy_saving_mode(h, null, 2));
         assertEquals(0, CMT_System_Info_resume_deep_sleep(h, null, 3));
         assertTrue(CMT_System_Info_request_energy_saving_mode(h, null, 2));
-        assertEquals(2, SimSystem.powerState());
+        assertEquals(2, SimCommon.powerState());
         assertTrue(CMT_System_Info_request_energy_saving_mode(h, null, 0));
         assertFalse(CMT_System_Info_request_energy_saving_mode(h, null, 7));
         SimDevice.forceResult("esv_zel_request_energy_saving_mode", COMPETENCE, 1);
@@ -284,7 +285,7 @@ class SystemInformationTest {
     @Test
     void saveModeProhibitionTracesAFailureAtLevelZero() {
         assertEquals(0, CMT_System_Info_set_energy_save_prohibition_mode(h, null, true));
-        assertTrue(SimSystem.saveModeProhibited());
+        assertTrue(SimCommon.saveModeProhibited());
         assertEquals("1", SimDevice.calls("esv_zel_request_save_mode_prohibition")[0]);
         assertFalse(CMT_System_Info_request_energy_saving_mode(h, null, 1));
         SimDevice.clearTrace();
@@ -293,14 +294,14 @@ class SystemInformationTest {
         assertEquals(List.of("3 convert_retcode,ESV_ZEL_SYSINFO_ERROR",
                              "0 set_energy_save_prohibition_mode,flag = [0], result = [67175682]"), trace());
         assertEquals(0, CMT_System_Info_set_energy_save_prohibition_mode(h, null, false));
-        assertFalse(SimSystem.saveModeProhibited());
+        assertFalse(SimCommon.saveModeProhibited());
         assertEquals("0", SimDevice.calls("esv_zel_request_save_mode_prohibition")[2]);
     }
 
     @Test
     void certificateCheckIsTrueOnlyForOne() {
-        SimSystem.setCertAnswer("/certs/yes", 1);
-        SimSystem.setCertAnswer("/certs/unsure", 2);
+        SimCommon.setCertAnswer("/certs/yes", 1);
+        SimCommon.setCertAnswer("/certs/unsure", 2);
         assertTrue(CMT_System_Info_check_eweb_cert_info(h, null, "/certs/yes"));
         assertFalse(CMT_System_Info_check_eweb_cert_info(h, null, "/certs/unsure"));
         assertFalse(CMT_System_Info_check_eweb_cert_info(h, null, "/certs/none"));
@@ -314,12 +315,12 @@ class SystemInformationTest {
     @Test
     void panelResetTimerReturnsTwoForThePermissionCode() {
         assertEquals(0, CMT_System_Info_panel_reset_timer_ctrl(h, null, 4, 1));
-        assertEquals(1, SimSystem.resetTimer(4));
+        assertEquals(1, SimPanel.resetTimer(4));
         assertEquals(List.of(), trace());
         SimDevice.forceResult("esv_zel_panel_reset_timer_ctrl", COMPETENCE, 1);
         assertEquals(2, CMT_System_Info_panel_reset_timer_ctrl(h, null, 4, 0));
         assertEquals(List.of("0 panel_reset_timer_ctrl,panel_reset_timer_ctrl: ZEL_FND_SYSINFO_ERROR. rc = [67175681]"), trace());
-        assertEquals(1, SimSystem.resetTimer(4));
+        assertEquals(1, SimPanel.resetTimer(4));
         assertEquals(0, CMT_System_Info_panel_reset_timer_ctrl(h, null, 0xFFFFFFFFL, 2));
         assertEquals("4294967295, 2", SimDevice.calls("esv_zel_panel_reset_timer_ctrl")[2]);
     }

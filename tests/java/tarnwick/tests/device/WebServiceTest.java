@@ -8,33 +8,32 @@ import java.util.List;
 import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimDevice;
-import tarnwick.sim.SimSystem;
+import tarnwick.sim.SimWebService;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.wrapper.webservice.zel_fnd_webservice_proxy;
 
 /** Web service reservation in a real JVM on the simulated device. */
 class WebServiceTest {
-    static {
-        System.loadLibrary("tovrCMT");
-    }
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension(false);
 
     private static final int SCAN = 0, PRINT = 1, DEVICE = 2;
     private long h;
 
     @BeforeEach
     void setUp() {
-        DeviceTraces.freshDevice();
         h = new_zel_fnd_webservice_proxy();
     }
 
     @AfterEach
     void tearDown() {
         delete_zel_fnd_webservice_proxy(h);
-        DeviceTraces.freshDevice();
     }
 
     private static List<String> trace() {
-        return DeviceTraces.of("zel_fnd_webservice_proxy");
+        return SimDeviceExtension.trace("zel_fnd_webservice_proxy");
     }
 
     @Test
@@ -61,15 +60,15 @@ class WebServiceTest {
     @Test
     void reserveTwiceAnotherHostAndRelease() {
         assertEquals(0, zel_fnd_webservice_proxy_reserve(h, null, SCAN, "host-a"));
-        assertEquals("host-a", SimSystem.webServiceHolder(SCAN));
+        assertEquals("host-a", SimWebService.holder(SCAN));
         assertEquals(3, zel_fnd_webservice_proxy_reserve(h, null, SCAN, "host-a"));
         assertEquals(4, zel_fnd_webservice_proxy_reserve(h, null, SCAN, "host-b"));
         assertEquals(0, zel_fnd_webservice_proxy_reserve(h, null, PRINT, "host-b"));
         assertEquals(4, zel_fnd_webservice_proxy_release(h, null, SCAN, "host-b"));
         assertEquals(0, zel_fnd_webservice_proxy_release(h, null, SCAN, "host-a"));
-        assertEquals("", SimSystem.webServiceHolder(SCAN));
+        assertEquals("", SimWebService.holder(SCAN));
         assertEquals(5, zel_fnd_webservice_proxy_release(h, null, SCAN, "host-a"));
-        assertEquals("host-b", SimSystem.webServiceHolder(PRINT));
+        assertEquals("host-b", SimWebService.holder(PRINT));
     }
 
     @Test

@@ -6,27 +6,27 @@ import static tarnwick.zel.wrapper.appinfo.cmt_appinfoJNI.*;
 import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimDevice;
+import tarnwick.sim.SimPanel;
 import tarnwick.sim.SimSystem;
+import tarnwick.tests.support.SimDeviceExtension;
 
 /** Hostile calls of the application-information module: null handles and names, huge texts, extreme keys. */
 class cmt_appinfoHostileTest {
-    static {
-        System.loadLibrary("tovrCMT");
-    }
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension(false);
 
     private long h;
 
     @BeforeEach
     void setUp() {
-        DeviceTraces.freshDevice();
         h = new_cmt_appinfo_proxy();
     }
 
     @AfterEach
     void tearDown() {
         delete_cmt_appinfo_proxy(h);
-        DeviceTraces.freshDevice();
     }
 
     @Test
@@ -50,11 +50,11 @@ class cmt_appinfoHostileTest {
     void changeIdWithNullEmptyAndHugeNames() {
         assertEquals(0L, cmt_appinfo_proxy_change_id(h, null, null));
         assertEquals(0L, cmt_appinfo_proxy_change_id(h, null, ""));
-        String big = DeviceTraces.repeat('p', 1 << 20);
+        String big = SimDeviceExtension.repeat('p', 1 << 20);
         assertEquals(0L, cmt_appinfo_proxy_change_id(h, null, big));
-        SimSystem.setPanelIdentity(big, 0xFFFFFFFFL);
+        SimPanel.setIdentity(big, 0xFFFFFFFFL);
         assertEquals(4294967295L, cmt_appinfo_proxy_change_id(h, null, big));
-        SimSystem.setPanelIdentity("", 3);
+        SimPanel.setIdentity("", 3);
         assertEquals(3L, cmt_appinfo_proxy_change_id(h, null, ""));
         assertEquals(5, SimDevice.callCount("esv_zel_panel_change_id"));
     }
@@ -69,7 +69,7 @@ class cmt_appinfoHostileTest {
             assertEquals(Integer.MIN_VALUE, cmt_appinfo_proxy_get_value(h, null, key));
             assertEquals(2147483648L, cmt_appinfo_proxy_get_long_value(h, null, key));
         }
-        String big = DeviceTraces.repeat('t', 1 << 20);
+        String big = SimDeviceExtension.repeat('t', 1 << 20);
         SimSystem.setText(1, big);
         assertEquals(big, cmt_appinfo_proxy_get_string_value(h, null, 1));
     }

@@ -7,27 +7,26 @@ import static tarnwick.zel.wrapper.webservice.zel_fnd_webservice_moduleJNI.*;
 import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimDevice;
-import tarnwick.sim.SimSystem;
+import tarnwick.sim.SimWebService;
+import tarnwick.tests.support.SimDeviceExtension;
 
 /** Hostile calls of the web service module: null names, huge and odd names, extreme kinds. */
 class zel_fnd_webservice_moduleHostileTest {
-    static {
-        System.loadLibrary("tovrCMT");
-    }
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension(false);
 
     private long h;
 
     @BeforeEach
     void setUp() {
-        DeviceTraces.freshDevice();
         h = new_zel_fnd_webservice_proxy();
     }
 
     @AfterEach
     void tearDown() {
         delete_zel_fnd_webservice_proxy(h);
-        DeviceTraces.freshDevice();
     }
 
     @Test
@@ -47,16 +46,16 @@ class zel_fnd_webservice_moduleHostileTest {
 
     @Test
     void hugeAndOddNames() {
-        String big = DeviceTraces.repeat('n', 1 << 20);
+        String big = SimDeviceExtension.repeat('n', 1 << 20);
         assertEquals(0, zel_fnd_webservice_proxy_reserve(h, null, 0, big));
-        assertEquals(big, SimSystem.webServiceHolder(0));
+        assertEquals(big, SimWebService.holder(0));
         assertEquals(4, zel_fnd_webservice_proxy_reserve(h, null, 0, big + "x"));
         assertEquals(0, zel_fnd_webservice_proxy_release(h, null, 0, big));
         String odd = "h\u0000st\u00e9\ud83d\ude00";
         assertEquals(0, zel_fnd_webservice_proxy_reserve(h, null, 1, odd));
         assertEquals(3, zel_fnd_webservice_proxy_reserve(h, null, 1, odd));
         assertEquals(4, zel_fnd_webservice_proxy_reserve(h, null, 1, "h"));
-        assertEquals(odd, SimSystem.webServiceHolder(1));
+        assertEquals(odd, SimWebService.holder(1));
     }
 
     @Test

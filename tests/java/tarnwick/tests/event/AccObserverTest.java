@@ -9,12 +9,17 @@ import java.util.List;
 import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
+import tarnwick.sim.SimAcc;
 import tarnwick.sim.SimDevice;
-import tarnwick.sim.SimEvents;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.controller.event.device.ICCardInfo;
 import tarnwick.zel.controller.event.device.SystemData;
 
 class AccObserverTest {
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension(false);
+
     private static final String M = "zel_fnd_acc_observer";
     private static final int PARTITION_SIZE = 16256;
     private static final long[] OK = {0L};
@@ -63,7 +68,7 @@ class AccObserverTest {
         long[] types = {1, 2, 3, 4, 5, 6, 7, 0};
         byte[] bits = {0x01, 0x02, 0x04, 0x08, 0x10, 0x20, 0, 0};
         for (int i = 0; i < types.length; i++) {
-            assertArrayEquals(OK, SimEvents.iccardDetect("card" + i, types[i], 0, 0));
+            assertArrayEquals(OK, SimAcc.iccardDetect("card" + i, types[i], 0, 0));
             assertEquals(bits[i], card().getCardType(), "type " + types[i]);
             assertEquals("card" + i, card().getCardId());
         }
@@ -71,18 +76,18 @@ class AccObserverTest {
 
     @Test
     void noCardDataGivesAnEmptyArrayWithoutTouchingThePartition() {
-        assertArrayEquals(OK, SimEvents.iccardDetect("0123456789ABCDEF", 3, 0, 5));
+        assertArrayEquals(OK, SimAcc.iccardDetect("0123456789ABCDEF", 3, 0, 5));
         assertEquals(0, card().getSystemData().length);
         assertEquals(0, SimDevice.callCount("emwOSWIpcCreateMemPart"));
         assertEquals(List.of("icCard 0123456789ABCDEF"), f.events);
         assertEquals(List.of("3 notify_iccard_detect,[Start]", "3 notify_iccard_detect,card_info.card_data_size = 0",
-                "3 notify_iccard_detect,[End]"), EventFixture.trace(M));
+                "3 notify_iccard_detect,[End]"), SimDeviceExtension.trace(M));
     }
 
     @Test
     void zeroSystemsGiveAnEmptyArrayAfterThePartitionWasOpened() {
-        assertTrue(SimEvents.writeCardData(21, 0, new Card().u8(0).get()));
-        assertArrayEquals(OK, SimEvents.iccardDetect("c", 3, 1, 21));
+        assertTrue(SimAcc.writeCardData(21, 0, new Card().u8(0).get()));
+        assertArrayEquals(OK, SimAcc.iccardDetect("c", 3, 1, 21));
         assertEquals(0, card().getSystemData().length);
         assertArrayEquals(new String[] {"DVC_ACC_ICCARD_DATA_PARTITION, 16256"}, SimDevice.calls("emwOSWIpcCreateMemPart"));
         assertEquals(1, SimDevice.callCount("emwOSWIpcGetBlockByIdMemPart"));
@@ -97,8 +102,8 @@ class AccObserverTest {
                     .u16(0xFFFF).u8(0)
                 .u16(0x0003).bytes(8, 0xF0).u8(0)
                 .get();
-        assertTrue(SimEvents.writeCardData(22, 100, data));
-        assertArrayEquals(OK, SimEvents.iccardDetect("felica", 3, data.length, 22));
+        assertTrue(SimAcc.writeCardData(22, 100, data));
+        assertArrayEquals(OK, SimAcc.iccardDetect("felica", 3, data.length, 22));
         SystemData[] systems = card().getSystemData();
         assertEquals(2, systems.length);
         assertEquals(32776, systems[0].getSystemCode());
@@ -118,7 +123,7 @@ class AccObserverTest {
                 for (byte x : b) assertTrue((x & 0xFF) < 0xE0);
             }
         }
-        assertEquals(List.of("3 notify_iccard_detect,[Start]", "3 notify_iccard_detect,[End]"), EventFixture.trace(M));
+        assertEquals(List.of("3 notify_iccard_detect,[Start]", "3 notify_iccard_detect,[End]"), SimDeviceExtension.trace(M));
     }
 
     /** A block filling the partition from its start: 4 services, the last with {@code lastCount} blocks. */
@@ -135,60 +140,60 @@ class AccObserverTest {
     @Test
     void countsRunningPastThePartitionFailTheNotification() {
         // The last service's blocks end 8 bytes before the partition's end: fine.
-        assertTrue(SimEvents.writeCardData(23, 0, fullPartition(249)));
-        assertArrayEquals(OK, SimEvents.iccardDetect("fits", 3, 1, 23));
+        assertTrue(SimAcc.writeCardData(23, 0, fullPartition(249)));
+        assertArrayEquals(OK, SimAcc.iccardDetect("fits", 3, 1, 23));
         assertEquals(249 * 16, card().getSystemData()[0].getBlockData()[3].length);
         // One block more runs 8 bytes past the end (which is an inaccessible page here).
-        assertTrue(SimEvents.writeCardData(24, 0, fullPartition(250)));
+        assertTrue(SimAcc.writeCardData(24, 0, fullPartition(250)));
         f.events.clear();
         SimDevice.clearTrace();
-        assertArrayEquals(FAILED, SimEvents.iccardDetect("past", 3, 1, 24));
+        assertArrayEquals(FAILED, SimAcc.iccardDetect("past", 3, 1, 24));
         assertEquals(List.of(), f.events);
         assertEquals(List.of("3 notify_iccard_detect,[Start]",
                 "0 notify_iccard_detect,card data run past the end of DVC_ACC_ICCARD_DATA_PARTITION. blkid = [24]"),
-                EventFixture.trace(M));
+                SimDeviceExtension.trace(M));
         // Every count at its maximum: far past the end.
         byte[] big = new byte[PARTITION_SIZE];
         java.util.Arrays.fill(big, (byte) 0xFF);
-        assertTrue(SimEvents.writeCardData(25, 0, big));
-        assertArrayEquals(FAILED, SimEvents.iccardDetect("big", 3, 1, 25));
+        assertTrue(SimAcc.writeCardData(25, 0, big));
+        assertArrayEquals(FAILED, SimAcc.iccardDetect("big", 3, 1, 25));
         assertEquals(List.of(), f.events);
         // The observer keeps working afterwards.
-        assertArrayEquals(OK, SimEvents.iccardDetect("after", 3, 0, 0));
+        assertArrayEquals(OK, SimAcc.iccardDetect("after", 3, 0, 0));
         assertEquals(List.of("icCard after"), f.events);
     }
 
     @Test
     void partitionFailuresAreTracedWithThePlatformCode() {
         SimDevice.forceResult("emwOSWIpcCreateMemPart", 0x8000000BL, 1);
-        assertArrayEquals(FAILED, SimEvents.iccardDetect("x", 1, 4, 1));
+        assertArrayEquals(FAILED, SimAcc.iccardDetect("x", 1, 4, 1));
         SimDevice.forceResult("emwOSWIpcGetBlockByIdMemPart", 0x3L, 1);
-        assertArrayEquals(FAILED, SimEvents.iccardDetect("x", 1, 4, 1));
+        assertArrayEquals(FAILED, SimAcc.iccardDetect("x", 1, 4, 1));
         assertEquals(List.of(), f.events);
         assertEquals(List.of("3 notify_iccard_detect,[Start]",
                 "0 notify_iccard_detect,emwOSWIpcCreateMemPart() EMWRET = [0x8000000b]",
                 "3 notify_iccard_detect,[Start]",
-                "0 notify_iccard_detect,emwOSWIpcGetBlockByIdMemPart() EMWRET = [0x00000003]"), EventFixture.trace(M));
+                "0 notify_iccard_detect,emwOSWIpcGetBlockByIdMemPart() EMWRET = [0x00000003]"), SimDeviceExtension.trace(M));
     }
 
     @Test
     void readerStateAndReadErrors() {
-        assertArrayEquals(OK, SimEvents.iccardStateChange(0x1234, 0xFFFF, 0xFF, 1));
-        assertArrayEquals(OK, SimEvents.iccardStateChange(1, 2, 4, 2));
-        assertArrayEquals(OK, SimEvents.iccardReadError(-5));
+        assertArrayEquals(OK, SimAcc.iccardStateChange(0x1234, 0xFFFF, 0xFF, 1));
+        assertArrayEquals(OK, SimAcc.iccardStateChange(1, 2, 4, 2));
+        assertArrayEquals(OK, SimAcc.iccardReadError(-5));
         assertEquals(List.of("icCardDevice 65535 4660 true -1", "icCardDevice 2 1 false 4", "icCardError -5"), f.events);
         assertEquals(List.of("3 notify_iccard_state_change_info,[Start]", "3 notify_iccard_state_change_info,[End]",
                 "3 notify_iccard_state_change_info,[Start]", "3 notify_iccard_state_change_info,[End]",
-                "3 notify_iccard_read_error,[Enter]", "3 notify_iccard_read_error,[Exit]"), EventFixture.trace(M));
+                "3 notify_iccard_read_error,[Enter]", "3 notify_iccard_read_error,[Exit]"), SimDeviceExtension.trace(M));
     }
 
     @Test
     void attachFailureAnswers0x04010A05WithoutJava() {
-        SimEvents.failAttach(3);
-        assertArrayEquals(FAILED, SimEvents.iccardDetect("x", 1, 0, 0));
-        assertArrayEquals(FAILED, SimEvents.iccardReadError(1));
-        assertArrayEquals(FAILED, SimEvents.iccardStateChange(1, 1, 1, 1));
+        SimDevice.failAttach(3);
+        assertArrayEquals(FAILED, SimAcc.iccardDetect("x", 1, 0, 0));
+        assertArrayEquals(FAILED, SimAcc.iccardReadError(1));
+        assertArrayEquals(FAILED, SimAcc.iccardStateChange(1, 1, 1, 1));
         assertEquals(List.of(), f.events);
-        assertEquals(List.of(), EventFixture.trace(M));
+        assertEquals(List.of(), SimDeviceExtension.trace(M));
     }
 }

@@ -7,10 +7,15 @@ import java.util.List;
 import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
+import tarnwick.sim.SimCommon;
 import tarnwick.sim.SimDevice;
-import tarnwick.sim.SimEvents;
+import tarnwick.tests.support.SimDeviceExtension;
 
 class CommonObserverTest {
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension(false);
+
     private static final String M = "zel_fnd_common_observer";
     private static final long[] OK = {0L};
     private EventFixture f;
@@ -27,42 +32,42 @@ class CommonObserverTest {
 
     @Test
     void tonerLevelsArePassedInReverseOrder() {
-        assertArrayEquals(OK, SimEvents.tonerStatus(1, 2));
+        assertArrayEquals(OK, SimCommon.tonerStatus(1, 2));
         assertEquals(List.of("tonerLevel 2 1"), f.events);
-        assertEquals(List.of("3 notify_toner_status,[Start]", "3 notify_toner_status,[End]"), EventFixture.trace(M));
+        assertEquals(List.of("3 notify_toner_status,[Start]", "3 notify_toner_status,[End]"), SimDeviceExtension.trace(M));
     }
 
     @Test
     void coverStatusIsZeroExtended() {
-        assertArrayEquals(OK, SimEvents.coverStatus(0xFFFFFFFFL));
+        assertArrayEquals(OK, SimCommon.coverStatus(0xFFFFFFFFL));
         assertEquals(List.of("cover 4294967295"), f.events);
     }
 
     @Test
     void keyCardAndKeyCounterReachTheSameMethod() {
-        assertArrayEquals(OK, SimEvents.keyCardStatus(200));
-        assertArrayEquals(OK, SimEvents.keyCounterStatus(7));
+        assertArrayEquals(OK, SimCommon.keyCardStatus(200));
+        assertArrayEquals(OK, SimCommon.keyCounterStatus(7));
         assertEquals(List.of("keyDevice 200", "keyDevice 7"), f.events);
         assertEquals(List.of("3 notify_key_card_status,[Start]. status = [200]", "3 notify_key_card_status,[End]",
                 "3 notify_key_counter_status,[Start]. status = [7]", "3 notify_key_counter_status,[End]"),
-                EventFixture.trace(M));
+                SimDeviceExtension.trace(M));
     }
 
     @Test
     void everyNotificationReachesItsMethod() {
-        assertArrayEquals(OK, SimEvents.residentAppStateChanged(1));
-        assertArrayEquals(OK, SimEvents.wasteTonerBottleStatus(255));
-        assertArrayEquals(OK, SimEvents.paperRestStatus(65535, 250));
-        assertArrayEquals(OK, SimEvents.coinVenderStatus(3));
-        assertArrayEquals(OK, SimEvents.usbMemoryStatus(4));
-        assertArrayEquals(OK, SimEvents.sleep(1));
-        assertArrayEquals(OK, SimEvents.pbpConnectionError(1));
-        assertArrayEquals(OK, SimEvents.logout(99));
-        assertArrayEquals(OK, SimEvents.networkStateChanged(1));
-        assertArrayEquals(OK, SimEvents.serviceStateChanged(1));
+        assertArrayEquals(OK, SimCommon.residentAppStateChanged(1));
+        assertArrayEquals(OK, SimCommon.wasteTonerBottleStatus(255));
+        assertArrayEquals(OK, SimCommon.paperRestStatus(65535, 250));
+        assertArrayEquals(OK, SimCommon.coinVenderStatus(3));
+        assertArrayEquals(OK, SimCommon.usbMemoryStatus(4));
+        assertArrayEquals(OK, SimCommon.sleep(1));
+        assertArrayEquals(OK, SimCommon.pbpConnectionError(1));
+        assertArrayEquals(OK, SimCommon.logout(99));
+        assertArrayEquals(OK, SimCommon.networkStateChanged(1));
+        assertArrayEquals(OK, SimCommon.serviceStateChanged(1));
         assertEquals(List.of("residentAppsStateChanged 1", "wasteToner 255", "paperSourceLevel 65535 250", "coinVendor 3",
                 "usbDevice 4", "sleep 1", "communicationError", "logout", "networkRestart 1", "systemRestart 1"), f.events);
-        List<String> t = EventFixture.trace(M);
+        List<String> t = SimDeviceExtension.trace(M);
         assertEquals("3 notify_coin_vender_status,[Start]. status = [3]", t.get(6));
         assertEquals("3 notify_usb_memory_status,[Start]. status = [4]", t.get(8));
         assertEquals("3 notify_logout,[Start]", t.get(14));
@@ -71,55 +76,55 @@ class CommonObserverTest {
 
     @Test
     void oddScenarioCompletesTheActivation() {
-        assertArrayEquals(OK, SimEvents.requestActivate(13, 0xFFFFFFFFL));
+        assertArrayEquals(OK, SimCommon.requestActivate(13, 0xFFFFFFFFL));
         assertEquals(List.of("completedActivation 13 4294967295"), f.events);
-        assertEquals(List.of("3 request_activate,[Start]", "3 request_activate,[FIN] end. success."), EventFixture.trace(M));
+        assertEquals(List.of("3 request_activate,[Start]", "3 request_activate,[FIN] end. success."), SimDeviceExtension.trace(M));
     }
 
     @Test
     void evenScenarioAsksForPreparation() {
-        assertArrayEquals(OK, SimEvents.requestActivate(12, 5));
+        assertArrayEquals(OK, SimCommon.requestActivate(12, 5));
         assertEquals(List.of("prepareActivation 12 5"), f.events);
-        assertEquals(List.of("3 request_activate,[Start]", "3 request_activate,success."), EventFixture.trace(M));
+        assertEquals(List.of("3 request_activate,[Start]", "3 request_activate,success."), SimDeviceExtension.trace(M));
     }
 
     @Test
     void refusedPreparationAnswers0x04010206() {
         f.prepareAnswer = false;
-        assertArrayEquals(new long[] {0x04010206L}, SimEvents.requestActivate(0, 1));
+        assertArrayEquals(new long[] {0x04010206L}, SimCommon.requestActivate(0, 1));
         assertEquals(List.of("prepareActivation 0 1"), f.events);
-        assertEquals(List.of("3 request_activate,[Start]", "0 request_activate,failed."), EventFixture.trace(M));
+        assertEquals(List.of("3 request_activate,[Start]", "0 request_activate,failed."), SimDeviceExtension.trace(M));
     }
 
     @Test
     void scenarioAbove13FiresNothing() {
-        assertArrayEquals(OK, SimEvents.requestActivate(14, 1));
-        assertArrayEquals(OK, SimEvents.requestActivate(-1, 1));
+        assertArrayEquals(OK, SimCommon.requestActivate(14, 1));
+        assertArrayEquals(OK, SimCommon.requestActivate(-1, 1));
         assertEquals(List.of(), f.events);
         assertEquals(List.of("3 request_activate,[Start]", "0 request_activate,[FIN] end. unknown scenario.",
-                "3 request_activate,[Start]", "0 request_activate,[FIN] end. unknown scenario."), EventFixture.trace(M));
+                "3 request_activate,[Start]", "0 request_activate,[FIN] end. unknown scenario."), SimDeviceExtension.trace(M));
     }
 
     @Test
     void attachFailureAnswers0x04010207AndCallsNoJava() {
-        SimEvents.failAttach(1);
-        assertArrayEquals(new long[] {0x04010207L}, SimEvents.coverStatus(1));
-        SimEvents.failAttach(1);
-        assertArrayEquals(new long[] {0x04010207L}, SimEvents.requestActivate(12, 1));
+        SimDevice.failAttach(1);
+        assertArrayEquals(new long[] {0x04010207L}, SimCommon.coverStatus(1));
+        SimDevice.failAttach(1);
+        assertArrayEquals(new long[] {0x04010207L}, SimCommon.requestActivate(12, 1));
         assertEquals(List.of(), f.events);
-        assertEquals(List.of(), EventFixture.trace(M));
-        assertArrayEquals(OK, SimEvents.coverStatus(2));
+        assertEquals(List.of(), SimDeviceExtension.trace(M));
+        assertArrayEquals(OK, SimCommon.coverStatus(2));
         assertEquals(List.of("cover 2"), f.events);
     }
 
     @Test
     void anExceptionFromJavaIsLeftToTheVmAndTheEventCountsAsHandled() {
         f.throwFromListeners = new IllegalStateException("listener failed");
-        assertArrayEquals(OK, SimEvents.sleep(0));
-        assertArrayEquals(new long[] {0x04010206L}, SimEvents.requestActivate(2, 0));
+        assertArrayEquals(OK, SimCommon.sleep(0));
+        assertArrayEquals(new long[] {0x04010206L}, SimCommon.requestActivate(2, 0));
         f.throwFromListeners = null;
-        assertArrayEquals(OK, SimEvents.sleep(1));
+        assertArrayEquals(OK, SimCommon.sleep(1));
         assertEquals(List.of("sleep 0", "prepareActivation 2 0", "sleep 1"), f.events);
-        assertEquals("3 notify_sleep,[End]", EventFixture.trace(M).get(1));
+        assertEquals("3 notify_sleep,[End]", SimDeviceExtension.trace(M).get(1));
     }
 }

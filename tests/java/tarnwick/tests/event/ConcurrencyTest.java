@@ -9,8 +9,13 @@ import java.util.Map;
 import java.util.concurrent.ConcurrentHashMap;
 import java.util.concurrent.CopyOnWriteArrayList;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
+import tarnwick.sim.SimAcc;
+import tarnwick.sim.SimCommon;
 import tarnwick.sim.SimDevice;
-import tarnwick.sim.SimEvents;
+import tarnwick.sim.SimJobs;
+import tarnwick.sim.SimPanel;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.wrapper.event.ZELFNDEventJNI;
 
 /**
@@ -19,6 +24,9 @@ import tarnwick.zel.wrapper.event.ZELFNDEventJNI;
  * observer answered reaches the listeners exactly once.
  */
 class ConcurrencyTest {
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension(false);
+
     private static final int EVENTS = 300;
     private static final int PANEL_CALLS = 300;
 
@@ -37,11 +45,11 @@ class ConcurrencyTest {
                         long[] answers;
                         String key;
                         switch (k) {
-                            case 0: answers = SimEvents.coverStatus(i); key = "cover " + i; break;
-                            case 1: answers = SimEvents.scanCount(i, i + 1); key = "scanCount " + i + " " + (i + 1); break;
-                            case 2: answers = SimEvents.faxSendPage(i, i); key = "page FaxSendPageInfo[userJobId=" + i + ", pageNum=" + i + "]"; break;
-                            case 3: answers = SimEvents.iccardReadError(i); key = "icCardError " + i; break;
-                            default: answers = SimEvents.keyEvent(i, i & 1); key = "applStart " + i; break;
+                            case 0: answers = SimCommon.coverStatus(i); key = "cover " + i; break;
+                            case 1: answers = SimJobs.scanCount(i, i + 1); key = "scanCount " + i + " " + (i + 1); break;
+                            case 2: answers = SimJobs.faxSendPage(i, i); key = "page FaxSendPageInfo[userJobId=" + i + ", pageNum=" + i + "]"; break;
+                            case 3: answers = SimAcc.iccardReadError(i); key = "icCardError " + i; break;
+                            default: answers = SimPanel.keyEvent(i, i & 1); key = "applStart " + i; break;
                         }
                         if (answers.length < 1) failures.add(new AssertionError("no observer for " + key));
                         for (long a : answers) {
@@ -86,7 +94,7 @@ class ConcurrencyTest {
             assertEquals(delivered, received);
             assertEquals(2 * PANEL_CALLS, SimDevice.callCount("esv_zel_panel_notify_request_event"));
             for (String facade : new String[] {"common", "job", "panel", "acc", "jobinfo"}) {
-                assertEquals(1, SimEvents.observerCount(facade), facade);
+                assertEquals(1, SimDevice.observerCount(facade), facade);
             }
         }
     }

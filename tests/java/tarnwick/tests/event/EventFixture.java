@@ -3,10 +3,7 @@ package tarnwick.tests.event;
 import java.util.ArrayList;
 import java.util.Collections;
 import java.util.List;
-import java.util.regex.Matcher;
-import java.util.regex.Pattern;
 import tarnwick.sim.SimDevice;
-import tarnwick.sim.SimEvents;
 import tarnwick.zel.controller.event.device.ICCardInfo;
 import tarnwick.zel.controller.event.job.InterpreterInfo;
 import tarnwick.zel.controller.event.job.Job;
@@ -21,10 +18,6 @@ import tarnwick.zel.wrapper.event.ZELFNDEventJNI;
 
 /** A started event manager, listeners that record every event as text, and trace helpers. */
 final class EventFixture implements AutoCloseable {
-    static {
-        System.loadLibrary("tovrCMT");
-    }
-
     final List<String> events = Collections.synchronizedList(new ArrayList<>());
     final List<Object> objects = Collections.synchronizedList(new ArrayList<>());
     volatile boolean prepareAnswer = true;
@@ -37,7 +30,6 @@ final class EventFixture implements AutoCloseable {
 
     EventFixture(boolean start) {
         SimDevice.reset();
-        SimEvents.failAttach(0);
         removeListeners();
         addListeners();
         manager = ZELFNDEventJNI.new_zel_fnd_event_manager();
@@ -48,7 +40,7 @@ final class EventFixture implements AutoCloseable {
 
     @Override
     public void close() {
-        SimEvents.failAttach(0);
+        SimDevice.failAttach(0);
         ZELFNDEventJNI.delete_zel_fnd_event_manager(manager);
         manager = 0;
         removeListeners();
@@ -119,18 +111,6 @@ final class EventFixture implements AutoCloseable {
             @Override public void applStart(long id) { record("applStart " + id); }
             @Override public void autoReset() { record("autoReset"); }
         });
-    }
-
-    private static final Pattern LINE = Pattern.compile("^(\\d+) (\\w+)\\[(\\d{4,})\\]::(\\w+),(.*)$");
-
-    /** Trace lines of one source module as "level operation,message" (line numbers left out). */
-    static List<String> trace(String module) {
-        List<String> out = new ArrayList<>();
-        for (String line : SimDevice.traceLines()) {
-            Matcher m = LINE.matcher(line);
-            if (m.matches() && m.group(2).equals(module)) out.add(m.group(1) + " " + m.group(4) + "," + m.group(5));
-        }
-        return out;
     }
 
     static List<String> list(String... items) {

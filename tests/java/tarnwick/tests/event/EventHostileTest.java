@@ -6,7 +6,9 @@ import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimDevice;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.wrapper.event.ZELFNDEventJNI;
 
 /**
@@ -19,9 +21,8 @@ import tarnwick.zel.wrapper.event.ZELFNDEventJNI;
  * caller's fault.
  */
 class EventHostileTest {
-    static {
-        System.loadLibrary("tovrCMT");
-    }
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension(false);
 
     @Test
     void panelProxyArgumentsOutOfRange() {

@@ -6,11 +6,17 @@ import static org.junit.jupiter.api.Assertions.assertTrue;
 import java.util.ArrayList;
 import java.util.List;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimDevice;
-import tarnwick.sim.SimEvents;
+import tarnwick.sim.SimJobs;
+import tarnwick.sim.SimPanel;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.wrapper.event.ZELFNDEventJNI;
 
 class EventManagerTest {
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension(false);
+
     private static final String[] FACADES = {"common", "job", "panel", "acc", "jobinfo"};
 
     private static List<String> observerCalls() {
@@ -22,7 +28,7 @@ class EventManagerTest {
     }
 
     private static void assertRegistered(int count) {
-        for (String f : FACADES) assertEquals(count, SimEvents.observerCount(f), f);
+        for (String f : FACADES) assertEquals(count, SimDevice.observerCount(f), f);
     }
 
     @Test
@@ -70,11 +76,11 @@ class EventManagerTest {
     @Test
     void eventsReachJavaOnlyWhileStarted() {
         try (EventFixture f = new EventFixture(false)) {
-            assertEquals(0, SimEvents.keyEvent(1, 0).length);
+            assertEquals(0, SimPanel.keyEvent(1, 0).length);
             ZELFNDEventJNI.zel_fnd_event_manager_init(f.manager, null);
-            assertEquals(1, SimEvents.keyEvent(2, 0).length);
+            assertEquals(1, SimPanel.keyEvent(2, 0).length);
             ZELFNDEventJNI.zel_fnd_event_manager_terminate(f.manager, null);
-            assertEquals(0, SimEvents.keyEvent(3, 0).length);
+            assertEquals(0, SimPanel.keyEvent(3, 0).length);
             assertEquals(List.of("applStart 2"), f.events);
         }
     }
@@ -84,7 +90,7 @@ class EventManagerTest {
         try (EventFixture f = new EventFixture(true)) {
             ZELFNDEventJNI.zel_fnd_event_manager_terminate(f.manager, null);
             ZELFNDEventJNI.zel_fnd_event_manager_init(f.manager, null);
-            assertEquals(0L, SimEvents.scanCount(1, 2)[0]);
+            assertEquals(0L, SimJobs.scanCount(1, 2)[0]);
             assertEquals(List.of("scanCount 1 2"), f.events);
         }
     }

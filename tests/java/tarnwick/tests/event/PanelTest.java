@@ -7,12 +7,17 @@ import java.util.List;
 import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimDevice;
-import tarnwick.sim.SimEvents;
+import tarnwick.sim.SimPanel;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.wrapper.event.ZELFNDEventJNI;
 
 /** The panel observer and the panel proxy. */
 class PanelTest {
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension(false);
+
     private static final String OBS = "zel_fnd_panel_observer";
     private static final String PROXY = "zel_fnd_panel_proxy";
     private static final long[] OK = {0L};
@@ -33,35 +38,35 @@ class PanelTest {
 
     @Test
     void keyEventIdIsZeroExtendedAndTheKindIsDropped() {
-        assertArrayEquals(OK, SimEvents.keyEvent(0xFFFFFFFFL, 0));
-        assertArrayEquals(OK, SimEvents.keyEvent(0xFFFFFFFFL, 1));
-        assertArrayEquals(OK, SimEvents.keyEvent(0xFFFFFFFFL, 77));
+        assertArrayEquals(OK, SimPanel.keyEvent(0xFFFFFFFFL, 0));
+        assertArrayEquals(OK, SimPanel.keyEvent(0xFFFFFFFFL, 1));
+        assertArrayEquals(OK, SimPanel.keyEvent(0xFFFFFFFFL, 77));
         assertEquals(List.of("applStart 4294967295", "applStart 4294967295", "applStart 4294967295"), f.events);
         assertEquals(List.of("3 notify_key_event,[Start]", "3 notify_key_event,[End]", "3 notify_key_event,[Start]",
-                "3 notify_key_event,[End]", "3 notify_key_event,[Start]", "3 notify_key_event,[End]"), EventFixture.trace(OBS));
+                "3 notify_key_event,[End]", "3 notify_key_event,[Start]", "3 notify_key_event,[End]"), SimDeviceExtension.trace(OBS));
     }
 
     @Test
     void autoReset() {
-        assertArrayEquals(OK, SimEvents.autoPanelReset());
+        assertArrayEquals(OK, SimPanel.autoPanelReset());
         assertEquals(List.of("autoReset"), f.events);
     }
 
     @Test
     void attachFailureAnswers0x04010706() {
-        SimEvents.failAttach(2);
-        assertArrayEquals(new long[] {0x04010706L}, SimEvents.keyEvent(1, 0));
-        assertArrayEquals(new long[] {0x04010706L}, SimEvents.autoPanelReset());
+        SimDevice.failAttach(2);
+        assertArrayEquals(new long[] {0x04010706L}, SimPanel.keyEvent(1, 0));
+        assertArrayEquals(new long[] {0x04010706L}, SimPanel.autoPanelReset());
         assertEquals(List.of(), f.events);
-        assertEquals(List.of(), EventFixture.trace(OBS));
+        assertEquals(List.of(), SimDeviceExtension.trace(OBS));
     }
 
     @Test
     void aThrowingListenerLeavesTheAnswerAt0() {
         f.throwFromListeners = new IllegalStateException("listener failed");
-        assertArrayEquals(OK, SimEvents.autoPanelReset());
+        assertArrayEquals(OK, SimPanel.autoPanelReset());
         f.throwFromListeners = null;
-        assertEquals(List.of("3 notify_auto_panel_reset,[Start]", "3 notify_auto_panel_reset,[End]"), EventFixture.trace(OBS));
+        assertEquals(List.of("3 notify_auto_panel_reset,[Start]", "3 notify_auto_panel_reset,[End]"), SimDeviceExtension.trace(OBS));
     }
 
     @Test
@@ -69,7 +74,7 @@ class PanelTest {
         ZELFNDEventJNI.zel_fnd_panel_proxy_request_buzzer(proxy, null, 4000000000L, 3);
         assertEquals(0, SimDevice.callCount("esv_zel_panel_request_buzzer"));
         assertEquals(List.of("3 request_buzzer,[Start]. app_id_num = [-294967296], buzzer_type = [3]",
-                "0 request_buzzer,Type Error."), EventFixture.trace(PROXY));
+                "0 request_buzzer,Type Error."), SimDeviceExtension.trace(PROXY));
         ZELFNDEventJNI.zel_fnd_panel_proxy_request_buzzer(proxy, null, 7, 2);
         assertArrayEquals(new String[] {"7, 2"}, SimDevice.calls("esv_zel_panel_request_buzzer"));
     }
@@ -78,7 +83,7 @@ class PanelTest {
     void startLedOutOfRangeWritesOnlyTheStartTrace() {
         ZELFNDEventJNI.zel_fnd_panel_proxy_request_start_led(proxy, null, 5, 2);
         assertEquals(0, SimDevice.callCount("esv_zel_panel_request_start_led"));
-        assertEquals(List.of("3 request_start_led,[Start]. app_id_num = [5], operation = [2]"), EventFixture.trace(PROXY));
+        assertEquals(List.of("3 request_start_led,[Start]. app_id_num = [5], operation = [2]"), SimDeviceExtension.trace(PROXY));
         ZELFNDEventJNI.zel_fnd_panel_proxy_request_start_led(proxy, null, 5, 1);
         ZELFNDEventJNI.zel_fnd_panel_proxy_request_start_led(proxy, null, 5, 0);
         assertArrayEquals(new String[] {"5, 1", "5, 0"}, SimDevice.calls("esv_zel_panel_request_start_led"));
@@ -91,7 +96,7 @@ class PanelTest {
         String[] calls = SimDevice.calls("esv_zel_panel_notify_view_update");
         assertEquals(6, calls.length);
         for (int t = 0; t < 6; t++) assertEquals("9, " + expected[t], calls[t]);
-        List<String> tr = EventFixture.trace(PROXY);
+        List<String> tr = SimDeviceExtension.trace(PROXY);
         assertEquals("3 view_update,[Start]", tr.get(tr.size() - 1));
     }
 
@@ -109,7 +114,7 @@ class PanelTest {
                 "3 request_set_value,[Start]", "3 request_set_value,[End. result = [0xffffffff]",
                 "3 request_display_screen,[Start]", "3 request_display_screen,[End]. result = [0x00000001]",
                 "3 notify_reset_completed,[Start]", "3 notify_reset_completed,[End]. result = [0x00000000]"),
-                EventFixture.trace(PROXY));
+                SimDeviceExtension.trace(PROXY));
         assertArrayEquals(new String[] {"2, 1"}, SimDevice.calls("esv_zel_panel_request_set_value"));
         assertEquals(1, SimDevice.callCount("esv_zel_panel_notify_reset_end"));
     }
@@ -125,6 +130,6 @@ class PanelTest {
         assertEquals(List.of("3 j_foundation_start,[Start]. result = [1]", "3 j_foundation_start,[End]",
                 "3 extension_authentication_init,[Start]. result = [0]", "3 extension_authentication_init,[End]",
                 "3 request_event,[Start]. app_id_num = [3], req_id = [-294967296]", "3 request_event,[End]"),
-                EventFixture.trace(PROXY));
+                SimDeviceExtension.trace(PROXY));
     }
 }

@@ -7,8 +7,10 @@ import static org.junit.jupiter.api.Assertions.assertThrows;
 
 import java.util.List;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimJobs;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.wrapper.job.zel_fnd_job_moduleJNI;
 
 /**
@@ -21,9 +23,8 @@ import tarnwick.zel.wrapper.job.zel_fnd_job_moduleJNI;
  * caller's fault and its outcome is undefined.
  */
 class JobHostileTest {
-    static {
-        System.loadLibrary("tovrCMT");
-    }
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension(false);
 
     private static final long[] BAD_SIZES = {-1L, Long.MIN_VALUE, Long.MAX_VALUE, 1L << 40, (1L << 32) + 5, 0x20000000L};
 

@@ -5,8 +5,10 @@ import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertThrows;
 
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimJobs;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.wrapper.job.log.zel_fnd_job_log_moduleJNI;
 
 /**
@@ -17,9 +19,8 @@ import tarnwick.zel.wrapper.job.log.zel_fnd_job_log_moduleJNI;
  * the wrapper layer does not test; such a call is the caller's fault.
  */
 class JobLogHostileTest {
-    static {
-        System.loadLibrary("tovrCMT");
-    }
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension(false);
 
     @Test
     void nullRecordsThrowAndTheFacadeIsNotCalled() {

@@ -5,15 +5,16 @@ import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertThrows;
 
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimJobs;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.wrapper.job.zel_fnd_job_moduleJNI;
 
 /** The job module's records, list type, constants and every exception message it raises. */
 class JobModuleTest {
-    static {
-        System.loadLibrary("tovrCMT");
-    }
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension(false);
 
     private final RecordFields r = new RecordFields(zel_fnd_job_moduleJNI.class);
 

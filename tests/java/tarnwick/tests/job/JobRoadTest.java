@@ -12,9 +12,10 @@ import java.util.List;
 import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimDevice;
-import tarnwick.sim.SimEvents;
 import tarnwick.sim.SimJobs;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.controller.event.job.FaxSendPageInfo;
 import tarnwick.zel.controller.event.job.Job;
 import tarnwick.zel.controller.event.job.JobLogInfo;
@@ -25,7 +26,6 @@ import tarnwick.zel.controller.event.proxy.JobProxy;
 import tarnwick.zel.wrapper.event.ZELFNDEventJNI;
 import tarnwick.zel.wrapper.job.log.zel_fnd_job_log_moduleJNI;
 import tarnwick.zel.wrapper.job.zel_fnd_job_moduleJNI;
-import tarnwick.zel.wrapper.system.cmt_commonJNI;
 
 /**
  * The road of one job through the Java module classes, on the simulated device that runs it:
@@ -33,9 +33,8 @@ import tarnwick.zel.wrapper.system.cmt_commonJNI;
  * and the job log holds the entry with its send list afterwards.
  */
 class JobRoadTest {
-    static {
-        System.loadLibrary("tovrCMT");
-    }
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension();
 
     private static final int PHB_SEND = 1;
     private static final int CATEGORY_SCAN_SEND = 1;
@@ -81,10 +80,6 @@ class JobRoadTest {
 
     @BeforeEach
     void start() {
-        SimDevice.reset();
-        SimJobs.reset();
-        SimEvents.failAttach(0);
-        cmt_commonJNI.cmt_init_init();  // finds the VM for the library
         JobProxy.addListener(jobListener);
         JobInfoProxy.addListener(infoListener);
         manager = ZELFNDEventJNI.new_zel_fnd_event_manager();
@@ -98,7 +93,6 @@ class JobRoadTest {
         ZELFNDEventJNI.delete_zel_fnd_event_manager(manager);
         JobProxy.removeListener(jobListener);
         JobInfoProxy.removeListener(infoListener);
-        SimJobs.reset();
     }
 
     /** generate, set, add an e-mail address, commit, create: the job's id. */

@@ -9,8 +9,10 @@ import java.util.Arrays;
 import java.util.List;
 import java.util.concurrent.CopyOnWriteArrayList;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimJobs;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.wrapper.job.zel_fnd_job_moduleJNI;
 
 /**
@@ -19,9 +21,8 @@ import tarnwick.zel.wrapper.job.zel_fnd_job_moduleJNI;
  * TOVR_SCAN_THREADS_SECONDS sets the duration (default 10 s; scripts/stress.sh runs it longer).
  */
 class ScanDataThreadsTest {
-    static {
-        System.loadLibrary("tovrCMT");
-    }
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension(false);
 
     private static final int THREADS = 4;
 

@@ -9,12 +9,13 @@ import java.util.Arrays;
 import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimDevice.Output;
 import tarnwick.sim.SimJobs;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.wrapper.job.log.zel_fnd_job_log_moduleJNI;
 import tarnwick.zel.wrapper.job.zel_fnd_job_moduleJNI;
-import tarnwick.zel.wrapper.system.cmt_commonJNI;
 
 /**
  * The simulated device's controls from Java: outputs forced together with a result code, the
@@ -22,9 +23,8 @@ import tarnwick.zel.wrapper.system.cmt_commonJNI;
  * job and job log modules.
  */
 class SimDeviceTest {
-    static {
-        System.loadLibrary("tovrCMT");
-    }
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension();
 
     private static final int SETTING_COPIES = 0;
     private static final int SETTING_JOB_NAME = 100;
@@ -38,17 +38,12 @@ class SimDeviceTest {
 
     @BeforeEach
     void start() {
-        SimDevice.reset();
-        SimJobs.reset();
-        cmt_commonJNI.cmt_init_init();  // finds the VM for the library
         proxy = zel_fnd_job_moduleJNI.new_zel_fnd_job_proxy();
     }
 
     @AfterEach
     void stop() {
         zel_fnd_job_moduleJNI.delete_zel_fnd_job_proxy(proxy);
-        SimJobs.reset();
-        SimDevice.reset();
     }
 
     @Test

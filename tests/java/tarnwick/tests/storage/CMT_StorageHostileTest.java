@@ -16,26 +16,20 @@ import java.util.concurrent.Executors;
 import java.util.concurrent.Future;
 import java.util.concurrent.TimeUnit;
 import java.util.stream.Stream;
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import org.junit.jupiter.api.function.Executable;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimStorage;
+import tarnwick.tests.support.SimDeviceExtension;
 
 /** Calls an application should not make: the storage module answers each without harm. */
 class CMT_StorageHostileTest {
-    private StorageFixture f;
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension(false);
 
-    @BeforeEach
-    void setUp() throws IOException {
-        f = new StorageFixture();
-    }
-
-    @AfterEach
-    void tearDown() throws IOException {
-        f.close();
-    }
+    @RegisterExtension
+    final StorageFixture f = new StorageFixture();
 
     static void throwsWith(Class<? extends Throwable> type, String message, Executable call) {
         Throwable t = assertThrows(type, call);

@@ -13,32 +13,26 @@ import java.nio.file.Path;
 import java.util.ArrayList;
 import java.util.Collections;
 import java.util.List;
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimStorage;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.controller.event.proxy.CommonProxy;
 import tarnwick.zel.wrapper.event.ZELFNDEventJNI;
 import tarnwick.zel.wrapper.system.cmt_commonJNI;
 
 /** The storage module on the simulated drives: translations, result folding, files and directories. */
 class CMT_StorageTest {
-    private StorageFixture f;
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension(false);
+
+    @RegisterExtension
+    final StorageFixture f = new StorageFixture();
 
     static final int HDD = 0;       // drive 2
     static final int USB_B = 1;     // drive 1
     static final int USB_A = 2;     // drive 0
-
-    @BeforeEach
-    void setUp() throws IOException {
-        f = new StorageFixture();
-    }
-
-    @AfterEach
-    void tearDown() throws IOException {
-        f.close();
-    }
 
     static String lastArgs(String op) {
         String[] c = SimDevice.calls(op);

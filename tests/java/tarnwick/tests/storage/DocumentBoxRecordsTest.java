@@ -7,13 +7,14 @@ import static org.junit.jupiter.api.Assertions.assertTrue;
 import java.lang.reflect.InvocationTargetException;
 import java.lang.reflect.Method;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.wrapper.box.zel_fnd_document_box_moduleJNI;
 
 /** Every field of the box module's records through its setter and getter, and the size constants. */
 class DocumentBoxRecordsTest {
-    static {
-        System.loadLibrary("tovrCMT");
-    }
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension(false);
 
     static Object call(String name, Object... args) {
         for (Method m : zel_fnd_document_box_moduleJNI.class.getMethods()) {

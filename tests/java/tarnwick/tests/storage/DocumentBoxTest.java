@@ -9,7 +9,6 @@ import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 import static tarnwick.zel.wrapper.box.zel_fnd_document_box_moduleJNI.*;
 
-import java.io.IOException;
 import java.nio.charset.StandardCharsets;
 import java.util.ArrayList;
 import java.util.Calendar;
@@ -22,15 +21,20 @@ import java.util.TimeZone;
 import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
+import tarnwick.sim.SimBox;
 import tarnwick.sim.SimDevice;
-import tarnwick.sim.SimStorage;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.box.document.RemovableMemoryFileImpl;
 import tarnwick.zel.box.document.RemovableMemoryFileInfoImpl;
-import tarnwick.zel.wrapper.system.cmt_commonJNI;
 
 /** The document manager's listing and deletion, their trace lines, and the dates of the records. */
 class DocumentBoxTest {
-    private StorageFixture f;
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension();
+
+    @RegisterExtension
+    final StorageFixture f = new StorageFixture();
     private long manager;
     private Locale locale;
     private TimeZone zone;
@@ -38,23 +42,18 @@ class DocumentBoxTest {
     static final long PATH_ERROR = 0x0401020BL;
 
     @BeforeEach
-    void setUp() throws IOException {
-        f = new StorageFixture();
-        cmt_commonJNI.cmt_init_init();
+    void setUp() {
         manager = zel_fnd_document_manager_zel_fnd_get_instance();
         locale = Locale.getDefault();
         zone = TimeZone.getDefault();
         Locale.setDefault(Locale.US);
         TimeZone.setDefault(TimeZone.getTimeZone("UTC"));  // the process's TZ is UTC too
-        SimDevice.clearTrace();
-        SimDevice.clearCalls();
     }
 
     @AfterEach
-    void tearDown() throws IOException {
+    void tearDown() {
         Locale.setDefault(locale);
         TimeZone.setDefault(zone);
-        f.close();
     }
 
     List<Object> list(String path, int expected) {
@@ -83,9 +82,9 @@ class DocumentBoxTest {
 
     @Test
     void listingBuildsOneRecordPerEntry() {
-        SimStorage.boxAddDocument("/scan", "a.pdf", 1234, 0, 0);
-        SimStorage.boxAddDocument("/scan", "b", 0, 86400, 1);           // a folder
-        SimStorage.boxAddDocument("/scan", "c.jpg", 0xFFFFFFFFL, -1, 2);
+        SimBox.addDocument("/scan", "a.pdf", 1234, 0, 0);
+        SimBox.addDocument("/scan", "b", 0, 86400, 1);           // a folder
+        SimBox.addDocument("/scan", "c.jpg", 0xFFFFFFFFL, -1, 2);
         List<Object> out = list("/scan", 0);
         assertEquals(3, out.size());
         RemovableMemoryFileImpl a = (RemovableMemoryFileImpl) out.get(0);
@@ -135,7 +134,7 @@ class DocumentBoxTest {
 
     @Test
     void listingAppendsToWhatTheListHolds() {
-        SimStorage.boxAddDocument("/f", "x", 1, 0, 0);
+        SimBox.addDocument("/f", "x", 1, 0, 0);
         ArrayList<Object> out = new ArrayList<>();
         out.add("before");
         assertEquals(0, zel_fnd_document_manager_zel_fnd_get_easy_box_list(manager, null, "/f", out));
@@ -145,7 +144,7 @@ class DocumentBoxTest {
 
     @Test
     void emptyFolderStillFinishes() {
-        SimStorage.boxAddFolder("/empty");
+        SimBox.addFolder("/empty");
         assertEquals(0, list("/empty", 0).size());
         assertEquals(1, SimDevice.callCount("esv_zel_get_easy_box_info_finish"));
         assertEquals(0, SimDevice.callCount("esv_zel_get_easy_box_info"));
@@ -155,8 +154,8 @@ class DocumentBoxTest {
 
     @Test
     void passWithoutEntryUsesUpOneOfTheTotal() {
-        for (String n : new String[] {"1", "2", "3"}) SimStorage.boxAddDocument("/g", n, 1, 0, 0);
-        SimStorage.forceBoxEntry(0, 0, 0, new byte[0], 0, 0, new byte[0], 1);
+        for (String n : new String[] {"1", "2", "3"}) SimBox.addDocument("/g", n, 1, 0, 0);
+        SimBox.forceEntry(0, 0, 0, new byte[0], 0, 0, new byte[0], 1);
         List<Object> out = list("/g", 0);
         assertEquals(2, out.size());
         assertEquals("1", ((RemovableMemoryFileImpl) out.get(0)).getInfo().getName());
@@ -168,11 +167,11 @@ class DocumentBoxTest {
 
     @Test
     void failedFinishAfterAFullListingStillSucceeds() {
-        SimStorage.boxAddDocument("/h", "d", 1, 0, 0);
+        SimBox.addDocument("/h", "d", 1, 0, 0);
         SimDevice.forceResult("esv_zel_get_easy_box_info_finish", 0x04010201L, 1);
         assertEquals(1, list("/h", 0).size());
         assertEquals(line(0, "zel_fnd_get_easy_box_list", "result(67174913)"), traces().get(traces().size() - 1));
-        SimStorage.boxReset();  // the forced finish left the listing open on the device
+        SimBox.reset();  // the forced finish left the listing open on the device
     }
 
     @Test
@@ -185,7 +184,7 @@ class DocumentBoxTest {
 
     @Test
     void failedFetchFreesAndFinishes() {
-        for (String n : new String[] {"1", "2", "3"}) SimStorage.boxAddDocument("/k", n, 1, 0, 0);
+        for (String n : new String[] {"1", "2", "3"}) SimBox.addDocument("/k", n, 1, 0, 0);
         SimDevice.forceResult("esv_zel_get_easy_box_info", 0x0401020AL, 1);
         assertEquals(0, list("/k", 1).size());
         assertEquals(1, SimDevice.callCount("esv_zel_get_easy_box_info_finish"));
@@ -194,8 +193,8 @@ class DocumentBoxTest {
 
     @Test
     void bufferAllocationFailure() {
-        SimStorage.boxAddDocument("/m", "1", 1, 0, 0);
-        SimStorage.failAlloc(1);
+        SimBox.addDocument("/m", "1", 1, 0, 0);
+        SimDevice.failAlloc(1);
         assertEquals(0, list("/m", 1).size());
         assertEquals(1, SimDevice.callCount("esv_zel_get_easy_box_info_finish"));
         assertEquals(0, SimDevice.callCount("esv_zel_get_easy_box_info"));
@@ -204,15 +203,15 @@ class DocumentBoxTest {
 
     @Test
     void listingLimitOfTheBox() {
-        SimStorage.boxAddDocument("/n", "1", 1, 0, 0);
-        SimStorage.boxSetListingLimit(0);
+        SimBox.addDocument("/n", "1", 1, 0, 0);
+        SimBox.setListingLimit(0);
         assertEquals(0, list("/n", 1).size());
         assertTrue(traces().contains(line(0, "zel_fnd_get_easy_box_list", "result(67174920)")));
     }
 
     @Test
     void otherListsAndNullFinishAndFail() {
-        SimStorage.boxAddDocument("/o", "1", 1, 0, 0);
+        SimBox.addDocument("/o", "1", 1, 0, 0);
         LinkedList<Object> linked = new LinkedList<>();
         assertEquals(1, zel_fnd_document_manager_zel_fnd_get_easy_box_list(manager, null, "/o", linked));
         assertEquals(0, linked.size());
@@ -227,7 +226,7 @@ class DocumentBoxTest {
 
     @Test
     void exceptionOfAddIsLeftForTheCaller() {
-        for (String n : new String[] {"1", "2", "3"}) SimStorage.boxAddDocument("/p", n, 1, 0, 0);
+        for (String n : new String[] {"1", "2", "3"}) SimBox.addDocument("/p", n, 1, 0, 0);
         ArrayList<Object> throwing = new ArrayList<Object>() {
             @Override
             public boolean add(Object o) {
@@ -248,9 +247,9 @@ class DocumentBoxTest {
         byte[] full = new byte[1531];
         java.util.Arrays.fill(full, (byte) 'n');
         byte[] odd = {'a', (byte) 0xC3, 'b'};
-        SimStorage.forceBoxPrepare(0, 77, 2, 1);
-        SimStorage.forceBoxEntry(0, 1, 0, full, 0, 5, full, 1);
-        SimStorage.forceBoxEntry(0, 1, 0, odd, 0, 5, "/x/\uD83D\uDE00".getBytes(StandardCharsets.UTF_8), 1);
+        SimBox.forcePrepare(0, 77, 2, 1);
+        SimBox.forceEntry(0, 1, 0, full, 0, 5, full, 1);
+        SimBox.forceEntry(0, 1, 0, odd, 0, 5, "/x/\uD83D\uDE00".getBytes(StandardCharsets.UTF_8), 1);
         SimDevice.forceResult("esv_zel_get_easy_box_info_finish", 0, 1);
         List<Object> out = list("/forced", 0);
         assertEquals(2, out.size());
@@ -265,10 +264,10 @@ class DocumentBoxTest {
 
     @Test
     void deletion() {
-        SimStorage.boxAddDocument("/q", "doc", 1, 0, 0);
-        SimStorage.boxAddFolder("/q/folder");
+        SimBox.addDocument("/q", "doc", 1, 0, 0);
+        SimBox.addFolder("/q/folder");
         assertEquals(0, zel_fnd_document_manager_zel_fnd_delete_document(manager, null, "/q/doc"));
-        assertFalse(SimStorage.boxExists("/q/doc"));
+        assertFalse(SimBox.exists("/q/doc"));
         assertEquals(8, zel_fnd_document_manager_zel_fnd_delete_document(manager, null, "/q/doc"));
         assertEquals(1, zel_fnd_document_manager_zel_fnd_delete_document(manager, null, "/q/folder"));
         SimDevice.forceResult("esv_zel_delete_easy_document", 0x0401020BL, 1);
@@ -385,7 +384,7 @@ class DocumentBoxTest {
 
     @Test
     void manyEntriesKeepLocalReferencesFlat() {
-        for (int i = 0; i < 3000; i++) SimStorage.boxAddDocument("/big", String.format("%05d", i), i, i, i % 3);
+        for (int i = 0; i < 3000; i++) SimBox.addDocument("/big", String.format("%05d", i), i, i, i % 3);
         List<Object> out = list("/big", 0);
         assertEquals(3000, out.size());
         RemovableMemoryFileImpl last = (RemovableMemoryFileImpl) out.get(2999);

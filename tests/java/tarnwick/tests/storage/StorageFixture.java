@@ -5,24 +5,26 @@ import static org.junit.jupiter.api.Assertions.assertEquals;
 import java.io.IOException;
 import java.nio.file.Files;
 import java.nio.file.Path;
+import org.junit.jupiter.api.extension.AfterEachCallback;
+import org.junit.jupiter.api.extension.BeforeEachCallback;
+import org.junit.jupiter.api.extension.ExtensionContext;
+import tarnwick.sim.SimBox;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimStorage;
 
-/** Drives of a test in temporary folders of its own; after each test nothing may be left open. */
-final class StorageFixture implements AutoCloseable {
-    static {
-        System.loadLibrary("tovrCMT");
-    }
+/**
+ * Drives of each test in temporary folders of its own; after each test nothing may be left open.
+ * A JUnit extension of the test instance, after SimDeviceExtension has made the device fresh:
+ * {@code @RegisterExtension final StorageFixture f = new StorageFixture();}
+ */
+final class StorageFixture implements BeforeEachCallback, AfterEachCallback {
+    Path root;
+    Path hdd;
+    Path usb0;
+    Path usb1;
 
-    final Path root;
-    final Path hdd;
-    final Path usb0;
-    final Path usb1;
-
-    StorageFixture() throws IOException {
-        SimStorage.reset();
-        SimStorage.boxReset();
-        SimDevice.reset();
+    @Override
+    public void beforeEach(ExtensionContext context) throws IOException {
         root = Files.createTempDirectory("tovr-storage-");
         usb0 = Files.createDirectories(root.resolve("usb0"));
         usb1 = Files.createDirectories(root.resolve("usb1"));
@@ -31,20 +33,17 @@ final class StorageFixture implements AutoCloseable {
         SimStorage.setFolder(1, usb1.toString());
         SimStorage.setFolder(2, hdd.toString());
         SimDevice.clearCalls();
-        SimDevice.clearTrace();
     }
 
     /** Asserts that no handle, listing or platform block is open, then resets and deletes the folders. */
     @Override
-    public void close() throws IOException {
+    public void afterEach(ExtensionContext context) throws IOException {
         try {
             assertEquals(0, SimDevice.openResources(SimStorage.FILE_HANDLE), "file handles left open");
             assertEquals(0, SimDevice.openResources(SimStorage.DIRECTORY_HANDLE), "directory handles left open");
-            assertEquals(0, SimDevice.openResources(SimStorage.BOX_LISTING), "box listings left open");
+            assertEquals(0, SimDevice.openResources(SimBox.LISTING), "box listings left open");
             assertEquals(0, SimDevice.openResources("platform block"), "platform blocks left");
         } finally {
-            SimStorage.reset();
-            SimStorage.boxReset();
             SimDevice.reset();
             deleteTree(root);
         }

@@ -6,7 +6,6 @@ import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 import static tarnwick.zel.wrapper.box.zel_fnd_document_box_moduleJNI.*;
 
-import java.io.IOException;
 import java.util.ArrayList;
 import java.util.HashSet;
 import java.util.List;
@@ -16,33 +15,25 @@ import java.util.concurrent.CountDownLatch;
 import java.util.concurrent.ExecutorService;
 import java.util.concurrent.Executors;
 import java.util.concurrent.Future;
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.MethodOrderer;
 import org.junit.jupiter.api.Order;
 import org.junit.jupiter.api.Test;
 import org.junit.jupiter.api.TestMethodOrder;
+import org.junit.jupiter.api.extension.RegisterExtension;
+import tarnwick.sim.SimBox;
 import tarnwick.sim.SimDevice;
-import tarnwick.sim.SimStorage;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.box.document.RemovableMemoryFileImpl;
 import tarnwick.zel.box.document.RemovableMemoryFileInfoImpl;
-import tarnwick.zel.wrapper.system.cmt_commonJNI;
 
 /** Calls an application should not make: the box module answers each without harm. */
 @TestMethodOrder(MethodOrderer.OrderAnnotation.class)
 class zel_fnd_document_box_moduleHostileTest {
-    private StorageFixture f;
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension();
 
-    @BeforeEach
-    void setUp() throws IOException {
-        f = new StorageFixture();
-        cmt_commonJNI.cmt_init_init();
-    }
-
-    @AfterEach
-    void tearDown() throws IOException {
-        f.close();
-    }
+    @RegisterExtension
+    final StorageFixture f = new StorageFixture();
 
     @Test
     @Order(1)
@@ -69,7 +60,7 @@ class zel_fnd_document_box_moduleHostileTest {
     @Test
     void listArgumentsThatAreNoArrayList() {
         long m = zel_fnd_document_manager_zel_fnd_get_instance();
-        SimStorage.boxAddDocument("/a", "d", 1, 0, 0);
+        SimBox.addDocument("/a", "d", 1, 0, 0);
         for (Object o : new Object[] {null, new Object(), "text", new java.util.LinkedList<>(), new Object[0],
                                       new java.util.Vector<>(), new int[3]}) {
             assertEquals(1, zel_fnd_document_manager_zel_fnd_get_easy_box_list(m, null, "/a", o));
@@ -156,8 +147,8 @@ class zel_fnd_document_box_moduleHostileTest {
     @Test
     void listingsFromManyThreads() throws Exception {
         long m = zel_fnd_document_manager_zel_fnd_get_instance();
-        for (int i = 0; i < 50; i++) SimStorage.boxAddDocument("/t", "d" + i, i, i, 0);
-        SimStorage.boxSetListingLimit(100);
+        for (int i = 0; i < 50; i++) SimBox.addDocument("/t", "d" + i, i, i, 0);
+        SimBox.setListingLimit(100);
         ExecutorService pool = Executors.newFixedThreadPool(6);
         List<Future<Integer>> sizes = new ArrayList<>();
         for (int t = 0; t < 24; t++) {

@@ -12,11 +12,13 @@ import java.util.concurrent.CopyOnWriteArrayList;
 import java.util.concurrent.atomic.AtomicBoolean;
 import java.util.concurrent.atomic.AtomicLongArray;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.address.SearchKey;
 import tarnwick.sim.SimAddressBook;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimFlood;
 import tarnwick.sim.SimJobs;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.controller.event.job.Job;
 import tarnwick.zel.controller.event.job.PrintPageInfo;
 import tarnwick.zel.controller.event.proxy.AccProxy;
@@ -47,9 +49,8 @@ import tarnwick.zel.wrapper.system.cmt_commonJNI;
  * keeps freed memory on purpose).
  */
 class NotificationStressTest {
-    static {
-        System.loadLibrary("tovrCMT");
-    }
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension(false);
 
     private static final int THREADS_PER_FACADE = 2;
     private static final int WORKERS = 4;

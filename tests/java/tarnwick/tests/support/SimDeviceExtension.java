@@ -8,13 +8,7 @@ import java.util.regex.Pattern;
 import org.junit.jupiter.api.extension.BeforeAllCallback;
 import org.junit.jupiter.api.extension.BeforeEachCallback;
 import org.junit.jupiter.api.extension.ExtensionContext;
-import tarnwick.sim.SimAddressBook;
 import tarnwick.sim.SimDevice;
-import tarnwick.sim.SimEvents;
-import tarnwick.sim.SimJobs;
-import tarnwick.sim.SimStorage;
-import tarnwick.sim.SimSystem;
-import tarnwick.sim.SimUsers;
 import tarnwick.zel.wrapper.system.cmt_commonJNI;
 
 /**
@@ -62,15 +56,6 @@ public final class SimDeviceExtension implements BeforeAllCallback, BeforeEachCa
     /** Every simulated service back to its initial state; no forcings, calls or trace. */
     public static void reset() {
         SimDevice.reset();
-        SimEvents.failAttach(0);
-        SimSystem.reset();
-        SimJobs.reset();
-        SimUsers.reset();
-        SimStorage.reset();
-        SimStorage.boxReset();
-        SimAddressBook.reset();
-        SimDevice.clearTrace();
-        SimDevice.clearCalls();
     }
 
     @Override

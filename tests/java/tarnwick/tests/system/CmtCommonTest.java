@@ -4,22 +4,15 @@ import static org.junit.jupiter.api.Assertions.assertArrayEquals;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 
 import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeAll;
-import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimDevice;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.wrapper.system.cmt_commonJNI;
 
 class CmtCommonTest {
-    @BeforeAll
-    static void load() {
-        System.loadLibrary("tovrCMT");
-    }
-
-    @BeforeEach
-    void clean() {
-        SimDevice.reset();
-    }
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension(false);
 
     @AfterEach
     void utc() {

@@ -4,6 +4,8 @@ import static org.junit.jupiter.api.Assertions.assertArrayEquals;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.wrapper.system.cmt_commonJNI;
 
 /**
@@ -15,9 +17,8 @@ import tarnwick.zel.wrapper.system.cmt_commonJNI;
  * fault.
  */
 class SystemHostileTest {
-    static {
-        System.loadLibrary("tovrCMT");
-    }
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension(false);
 
     private static int[] fields(long t) {
         long h = cmt_commonJNI.new_cmt_time__SWIG_1(t);

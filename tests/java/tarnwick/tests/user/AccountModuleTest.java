@@ -6,25 +6,29 @@ import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertNull;
 import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
-import static tarnwick.tests.user.UserFixture.repeat;
-import static tarnwick.tests.user.UserFixture.trace;
+import static tarnwick.tests.support.SimDeviceExtension.repeat;
+import static tarnwick.tests.support.SimDeviceExtension.trace;
 
 import java.util.List;
 import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimUsers;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.wrapper.account.CMT_Account_ModuleJNI;
 
 /** Department accounting through the account module, on the simulated device. */
 class AccountModuleTest {
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension();
+
     private long manager;
     private long config;
 
     @BeforeEach
     void start() {
-        UserFixture.reset();
         manager = CMT_Account_ModuleJNI.new_cmt_account_manager();
         config = CMT_Account_ModuleJNI.new_cmt_account_config();
     }

@@ -3,34 +3,36 @@ package tarnwick.tests.user;
 import static org.junit.jupiter.api.Assertions.assertArrayEquals;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertThrows;
-import static tarnwick.tests.user.UserFixture.trace;
+import static tarnwick.tests.support.SimDeviceExtension.trace;
 
 import java.util.List;
 import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimUsers;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.wrapper.user.ESV_ZEL_USER_AUTHMODE;
 import tarnwick.zel.wrapper.user.ESV_ZEL_USER_USERKIND;
 import tarnwick.zel.wrapper.user.ZELFNDUserJNI;
 
 /** Logins, logouts, modes and rights through the user module, on the simulated device. */
 class AuthenticationTest {
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension();
+
     private static final String M = "zel_fnd_authentication";
     private long auth;
     private long cert;
 
     @BeforeEach
     void start() {
-        UserFixture.reset();
         SimUsers.addLocalUser("alice", "secret", "Alice Archer", "alice@example.com", 1, 25, 3, "arisu",
                 "0123456789ABCDEF", "");
         SimUsers.addLocalUser("bob", "pw", "Bob", "bob@corp", 0, 0, 0, "", "", "corp");
         auth = ZELFNDUserJNI.new_zel_fnd_authentication();
         cert = ZELFNDUserJNI.new_ZEL_FND_CERTIFICATE_ID();
-        SimDevice.clearTrace();
-        SimDevice.clearCalls();
     }
 
     @AfterEach
@@ -179,9 +181,9 @@ class AuthenticationTest {
         String[] names = {"login_name", "user_name", "email", "kana"};
         int[] sizes = {129, 193, 129, 193};
         for (int i = 0; i < names.length; i++) {
-            String text = UserFixture.repeat('q', sizes[i] + 20);
+            String text = SimDeviceExtension.repeat('q', sizes[i] + 20);
             call("ESV_ZEL_USERINFO_RECORD_" + names[i] + "_set", rec, text);
-            assertEquals(UserFixture.repeat('q', sizes[i] - 1), call("ESV_ZEL_USERINFO_RECORD_" + names[i] + "_get", rec, null));
+            assertEquals(SimDeviceExtension.repeat('q', sizes[i] - 1), call("ESV_ZEL_USERINFO_RECORD_" + names[i] + "_get", rec, null));
             call("ESV_ZEL_USERINFO_RECORD_" + names[i] + "_set", rec, null);
             assertEquals("", call("ESV_ZEL_USERINFO_RECORD_" + names[i] + "_get", rec, null));
         }

@@ -2,25 +2,29 @@ package tarnwick.tests.user;
 
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertFalse;
-import static tarnwick.tests.user.UserFixture.repeat;
-import static tarnwick.tests.user.UserFixture.trace;
+import static tarnwick.tests.support.SimDeviceExtension.repeat;
+import static tarnwick.tests.support.SimDeviceExtension.trace;
 
 import java.util.List;
 import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimUsers;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.wrapper.account.CMT_Account_ModuleJNI;
 
 /** The account module called the way a careless or hostile application would. */
 class CMT_Account_ModuleHostileTest {
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension();
+
     private long manager;
     private long config;
 
     @BeforeEach
     void start() {
-        UserFixture.reset();
         manager = CMT_Account_ModuleJNI.new_cmt_account_manager();
         config = CMT_Account_ModuleJNI.new_cmt_account_config();
     }
@@ -29,7 +33,6 @@ class CMT_Account_ModuleHostileTest {
     void stop() {
         CMT_Account_ModuleJNI.delete_cmt_account_config(config);
         CMT_Account_ModuleJNI.delete_cmt_account_manager(manager);
-        SimUsers.reset();
     }
 
     @Test

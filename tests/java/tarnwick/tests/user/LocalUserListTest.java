@@ -4,7 +4,7 @@ import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertNull;
 import static org.junit.jupiter.api.Assertions.assertTrue;
-import static tarnwick.tests.user.UserFixture.trace;
+import static tarnwick.tests.support.SimDeviceExtension.trace;
 
 import java.io.ByteArrayOutputStream;
 import java.io.File;
@@ -16,9 +16,11 @@ import java.util.concurrent.TimeUnit;
 import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.account.attribute.AccountID;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimUsers;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.user.attribute.AccessLevel;
 import tarnwick.user.attribute.LoginName;
 import tarnwick.user.attribute.MailAddress;
@@ -29,6 +31,9 @@ import tarnwick.zel.wrapper.user.ZELFNDUserJNI;
 
 /** The local user list as UserImpl objects: the batched fetch, its failures and its traces. */
 class LocalUserListTest {
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension();
+
     private static final String M = "zel_fnd_authentication";
     private static final String PREPARE = "esv_zel_user_get_local_user_list_prepare";
     private static final String FETCH = "esv_zel_user_get_local_user_list";
@@ -37,7 +42,6 @@ class LocalUserListTest {
 
     @BeforeEach
     void start() {
-        UserFixture.reset();
         auth = ZELFNDUserJNI.new_zel_fnd_authentication();
     }
 
@@ -170,9 +174,9 @@ class LocalUserListTest {
         ArrayList<Object> list = new ArrayList<>();
         assertEquals(0, fetch(list));
         UserImpl u = (UserImpl) list.get(0);
-        assertEquals(UserFixture.repeat('L', 129), u.getLoginName().getValue());
-        assertEquals(UserFixture.repeat('U', 193), u.getUserName().getValue());
-        assertEquals(UserFixture.repeat('M', 129), u.getMailAddress().getValue());
+        assertEquals(SimDeviceExtension.repeat('L', 129), u.getLoginName().getValue());
+        assertEquals(SimDeviceExtension.repeat('U', 193), u.getUserName().getValue());
+        assertEquals(SimDeviceExtension.repeat('M', 129), u.getMailAddress().getValue());
     }
 
     @Test
@@ -211,17 +215,19 @@ class LocalUserListTest {
         assertEquals(AccessLevel.ADMIN, ((UserImpl) list.get(990)).getAccessLevel());
     }
 
-    /** Run in a child VM: fetches a thousand users once and prints the count. */
-    public static void main(String[] args) {
-        System.loadLibrary("tovrCMT");
-        cmt_commonJNI.cmt_init_init();
-        SimUsers.reset();
-        SimUsers.addLocalUsers(999);
-        long a = ZELFNDUserJNI.new_zel_fnd_authentication();
-        ArrayList<Object> list = new ArrayList<>();
-        int rc = ZELFNDUserJNI.zel_fnd_authentication_get_local_user_list(a, null, list);
-        ZELFNDUserJNI.delete_zel_fnd_authentication(a);
-        System.out.println("result " + rc + " users " + list.size());
+    /** Run in a child VM without JUnit: fetches a thousand users once and prints the count. */
+    static final class ChildVm {
+        public static void main(String[] args) {
+            System.loadLibrary("tovrCMT");
+            cmt_commonJNI.cmt_init_init();
+            SimDevice.reset();
+            SimUsers.addLocalUsers(999);
+            long a = ZELFNDUserJNI.new_zel_fnd_authentication();
+            ArrayList<Object> list = new ArrayList<>();
+            int rc = ZELFNDUserJNI.zel_fnd_authentication_get_local_user_list(a, null, list);
+            ZELFNDUserJNI.delete_zel_fnd_authentication(a);
+            System.out.println("result " + rc + " users " + list.size());
+        }
     }
 
     private static String pathOf(Class<?> c) throws Exception {
@@ -234,7 +240,7 @@ class LocalUserListTest {
                 pathOf(SimUsers.class));
         ProcessBuilder pb = new ProcessBuilder(System.getProperty("java.home") + "/bin/java", "-Xcheck:jni",
                 "-Djava.library.path=" + System.getProperty("java.library.path"), "-cp", cp,
-                LocalUserListTest.class.getName());
+                ChildVm.class.getName());
         pb.redirectErrorStream(true);
         Process p = pb.start();
         ByteArrayOutputStream out = new ByteArrayOutputStream();

@@ -4,26 +4,30 @@ import static org.junit.jupiter.api.Assertions.assertArrayEquals;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertNull;
 import static org.junit.jupiter.api.Assertions.assertThrows;
-import static tarnwick.tests.user.UserFixture.repeat;
-import static tarnwick.tests.user.UserFixture.trace;
+import static tarnwick.tests.support.SimDeviceExtension.repeat;
+import static tarnwick.tests.support.SimDeviceExtension.trace;
 
 import java.util.List;
 import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimUsers;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.wrapper.user.ZELFNDUserJNI;
 
 /** Hidden user accounts through the user module: records, results, traces and exceptions. */
 class UserAccountTest {
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension();
+
     private static final String M = "zel_fnd_user_account";
     private long acc;
     private long rec;
 
     @BeforeEach
     void start() {
-        UserFixture.reset();
         acc = ZELFNDUserJNI.new_zel_fnd_user_account();
         rec = ZELFNDUserJNI.new_ESV_ZEL_HIDE_USERINFO_RECORD();
     }

@@ -12,8 +12,10 @@ import java.util.concurrent.atomic.AtomicReference;
 import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.account.attribute.AccountID;
 import tarnwick.sim.SimDevice;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.user.attribute.AccessLevel;
 import tarnwick.user.attribute.LoginName;
 import tarnwick.user.attribute.MailAddress;
@@ -24,11 +26,13 @@ import tarnwick.zel.wrapper.user.ZELFNDUserJNI;
 
 /** The user-object builder through the module, and the host framework's user classes. */
 class UserInfoTest {
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension();
+
     private long builder;
 
     @BeforeEach
     void start() {
-        UserFixture.reset();
         builder = ZELFNDUserJNI.new_zel_fnd_user_info();
     }
 

@@ -10,9 +10,11 @@ import java.util.concurrent.TimeUnit;
 import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
-import tarnwick.sim.SimEvents;
+import org.junit.jupiter.api.extension.RegisterExtension;
+import tarnwick.sim.SimAcc;
 import tarnwick.sim.SimJobs;
 import tarnwick.sim.SimUsers;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.controller.event.device.ICCardInfo;
 import tarnwick.zel.controller.event.proxy.AccProxy;
 import tarnwick.zel.wrapper.account.CMT_Account_ModuleJNI;
@@ -25,6 +27,9 @@ import tarnwick.zel.wrapper.user.ZELFNDUserJNI;
  * copy job counted to the department of the job's user.
  */
 class UserRoadTest {
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension();
+
     private static final int PHB_COPY = 0;
     private static final int CATEGORY_COPY = 0;
     private static final int SETTING_COPIES = 0;
@@ -42,9 +47,6 @@ class UserRoadTest {
 
     @BeforeEach
     void start() {
-        UserFixture.reset();
-        SimJobs.reset();
-        SimEvents.failAttach(0);
         AccProxy.addListener(listener);
         manager = ZELFNDEventJNI.new_zel_fnd_event_manager();
         assertTrue(ZELFNDEventJNI.zel_fnd_event_manager_init(manager, null));
@@ -56,14 +58,12 @@ class UserRoadTest {
         ZELFNDUserJNI.delete_zel_fnd_authentication(auth);
         ZELFNDEventJNI.delete_zel_fnd_event_manager(manager);
         AccProxy.removeListener(listener);
-        SimJobs.reset();
-        SimUsers.reset();
     }
 
     @Test
     void aCardHeldToTheReaderLogsItsOwnerIn() throws Exception {
         SimUsers.addLocalUser("alice", "secret", "Alice", "alice@example.com", 1, 0, 0, "", "0123456789ABCDEF", "");
-        long[] answers = SimEvents.iccardDetect("0123456789ABCDEF", 3, 0, 0);
+        long[] answers = SimAcc.iccardDetect("0123456789ABCDEF", 3, 0, 0);
         assertEquals(0L, answers[0]);
         ICCardInfo card = cards.poll(10, TimeUnit.SECONDS);
         assertNotNull(card);
@@ -77,7 +77,7 @@ class UserRoadTest {
         assertEquals(0, ZELFNDUserJNI.zel_fnd_authentication_logout(auth, null, id));
         assertEquals("", SimUsers.sessionUser(id));
         // An unknown card: the event arrives, the login does not find anyone.
-        SimEvents.iccardDetect("FFFFFFFFFFFFFFFF", 3, 0, 0);
+        SimAcc.iccardDetect("FFFFFFFFFFFFFFFF", 3, 0, 0);
         ICCardInfo stranger = cards.poll(10, TimeUnit.SECONDS);
         assertNotNull(stranger);
         assertEquals(2, ZELFNDUserJNI.zel_fnd_authentication_iccard_login(auth, null, stranger.getCardId(), cert, null));

@@ -4,28 +4,32 @@ import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertNull;
 import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
-import static tarnwick.tests.user.UserFixture.repeat;
+import static tarnwick.tests.support.SimDeviceExtension.repeat;
 
 import java.util.ArrayList;
 import java.util.List;
 import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimUsers;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.user.attribute.UserAttribute;
 import tarnwick.zel.user.UserImpl;
 import tarnwick.zel.wrapper.user.ZELFNDUserJNI;
 
 /** The user module called the way a careless or hostile application would. */
 class ZELFNDUserHostileTest {
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension();
+
     private long auth;
     private long cert;
     private long builder;
 
     @BeforeEach
     void start() {
-        UserFixture.reset();
         auth = ZELFNDUserJNI.new_zel_fnd_authentication();
         cert = ZELFNDUserJNI.new_ZEL_FND_CERTIFICATE_ID();
         builder = ZELFNDUserJNI.new_zel_fnd_user_info();
@@ -36,7 +40,6 @@ class ZELFNDUserHostileTest {
         ZELFNDUserJNI.delete_zel_fnd_user_info(builder);
         ZELFNDUserJNI.delete_ZEL_FND_CERTIFICATE_ID(cert);
         ZELFNDUserJNI.delete_zel_fnd_authentication(auth);
-        SimUsers.reset();
         assertEquals(0, SimDevice.openResources(SimUsers.USER_LIST));
         assertEquals(0, SimDevice.openResources("platform block"));
     }

@@ -14,16 +14,20 @@ import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeAll;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
 import org.junit.jupiter.api.function.Executable;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.wrapper.probe.tovr_probeJNI;
 
 /** Every conversion kind of the wrapper layer, through the test-only probe module. */
 class ConversionsTest {
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension(false);
+
     private long ops;
 
     @BeforeAll
     static void load() {
-        System.loadLibrary("tovrCMT");
         System.loadLibrary("tovrprobe");
     }
 

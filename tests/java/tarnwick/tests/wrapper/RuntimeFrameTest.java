@@ -11,14 +11,18 @@ import java.lang.reflect.Modifier;
 import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeAll;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.extension.RegisterExtension;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.wrapper.probe.tovr_probeJNI;
 import tarnwick.zel.wrapper.system.cmt_commonJNI;
 
 /** The process's VM and the Java object services, seen from Java. */
 class RuntimeFrameTest {
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension(false);
+
     @BeforeAll
     static void load() {
-        System.loadLibrary("tovrCMT");
         System.loadLibrary("tovrprobe");
     }
 

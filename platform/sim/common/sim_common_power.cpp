@@ -7,10 +7,7 @@
 
 #include "esv_zel_common_facade.h"
 #include "esv_zel_systeminfo_facade.h"
-#include "sim_device_internal.h"
-#include "tovr_sim.h"
-#include "tovr_sim_device.h"
-#include "tovr_sim_events.h"
+#include "tovr_sim_common.h"
 
 namespace tovr_sim {
 
@@ -40,12 +37,10 @@ Power& power() {
 
 }  // namespace
 
-namespace devicesim {
 void reset_power() {
     std::lock_guard<std::mutex> lock(power().mutex);
     power().defaults();
 }
-}  // namespace devicesim
 
 int power_state() {
     std::lock_guard<std::mutex> lock(power().mutex);
@@ -136,11 +131,9 @@ unsigned long esv_zel_common_facade::esv_zel_request_energy_saving_mode(ESV_ZEL_
     }
     // Observers are called without the state's lock: they may ask the device again.
     if (before == ESV_ZEL_STS_SLEEP_STANDBY && state != ESV_ZEL_STS_SLEEP_STANDBY) {
-        tovr_sim::common_facade().raise(
-            [](esv_zel_common_observer* o) { return o->notify_sleep(ESV_ZEL_EVENT_SLEEP_ENTER); });
+        tovr_sim::raise_sleep(ESV_ZEL_EVENT_SLEEP_ENTER);
     } else if (before != ESV_ZEL_STS_SLEEP_STANDBY && state == ESV_ZEL_STS_SLEEP_STANDBY) {
-        tovr_sim::common_facade().raise(
-            [](esv_zel_common_observer* o) { return o->notify_sleep(ESV_ZEL_EVENT_SLEEP_LEAVE); });
+        tovr_sim::raise_sleep(ESV_ZEL_EVENT_SLEEP_LEAVE);
     }
     return ESV_ZEL_SYSINFO_OK;
 }

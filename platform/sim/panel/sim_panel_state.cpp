@@ -4,9 +4,7 @@
 #include <string>
 
 #include "esv_zel_panel_facade.h"
-#include "sim_device_internal.h"
-#include "tovr_sim.h"
-#include "tovr_sim_device.h"
+#include "tovr_sim_panel.h"
 
 namespace tovr_sim {
 
@@ -32,12 +30,10 @@ Panel& panel() {
 
 }  // namespace
 
-namespace devicesim {
 void reset_panel() {
     std::lock_guard<std::mutex> lock(panel().mutex);
     panel().defaults();
 }
-}  // namespace devicesim
 
 int panel_reset_timer(unsigned int context) {
     std::lock_guard<std::mutex> lock(panel().mutex);

@@ -1,0 +1,65 @@
+// Control interface of the simulated common facade: its notifications, and the power and
+// certificate requests it answers.
+//
+// Test and tool code only. The facade delivers its notifications on one thread of its own, one
+// at a time, to every registered observer; each raise_* call waits for the observers' answers
+// and returns them in registration order.
+#ifndef TOVR_SIM_COMMON_H
+#define TOVR_SIM_COMMON_H
+
+#include <string>
+
+#include "esv_zel_common_facade.h"
+#include "esv_zel_systeminfo_facade.h"
+#include "tovr_sim.h"
+
+namespace tovr_sim {
+
+using CommonFacade = ObservedFacade<tarnwick::esv_zel_common_observer>;
+CommonFacade& common_facade();
+
+// ---------------------------------------------------------------------------------------------
+// Notifications (esv_zel_common_observer)
+
+Answers raise_key_card_status(unsigned char status);
+Answers raise_key_counter_status(unsigned int status);
+Answers raise_resident_app_state_changed(ESV_ZEL_REQ_APP_STATE state);
+Answers raise_waste_toner_bottle_status(unsigned char status);
+Answers raise_cover_status(unsigned int status);
+Answers raise_paper_rest_status(unsigned short source, unsigned char level);
+Answers raise_toner_status(unsigned char first, unsigned char second);
+Answers raise_coin_vender_status(unsigned int status);
+Answers raise_usb_memory_status(unsigned int status);
+Answers raise_sleep(ESV_ZEL_EVENT_SLEEP_STATE state);
+Answers raise_pbp_connection_error(ESV_ZEL_EVENT_CONNECTION_ERROR error);
+Answers raise_logout(unsigned long reason);
+Answers raise_network_state_changed(ESV_ZEL_NETWORK_TYPE type);
+Answers raise_service_state_changed(ESV_ZEL_ACCEPTANCE_TYPE type);
+Answers raise_request_activate(ESV_ZEL_KIND_OF_SCENARIO scenario, unsigned int value);
+
+// ---------------------------------------------------------------------------------------------
+// Power and certificates. Answers are in the system-information code space.
+//
+// request_energy_saving_mode: a state outside ESV_ZEL_STS_SLEEP, or a sleep state while the
+// save mode is prohibited, or deep sleep while an application holds it suspended, answers
+// ESV_ZEL_SYSINFO_ERROR. Leaving standby raises notify_sleep(ESV_ZEL_EVENT_SLEEP_ENTER),
+// returning to it notify_sleep(ESV_ZEL_EVENT_SLEEP_LEAVE), before the request returns.
+// resume_deep_sleep without a suspend of the same application, and a wake-up date before 1970
+// (negative), answer ESV_ZEL_SYSINFO_ERROR.
+
+// Standby, no prohibition, no suspends, wake-up dates or certificate answers.
+void reset_power();
+int power_state();
+bool power_save_mode_prohibited();
+int deep_sleep_suspends(unsigned int app_id);
+// The wake-up date an application set; false when none.
+bool wakeup_date(unsigned int app_id, long* out);
+// check_eweb_cert_info answers `answer` for `path` (0 no, 1 yes, 2 cannot tell); paths not set
+// answer 0, a null path 2.
+void cert_set_answer(const std::string& path, unsigned long answer);
+// Puts the device into a power state without a request (no notification).
+void power_set_state(int state);
+
+}  // namespace tovr_sim
+
+#endif

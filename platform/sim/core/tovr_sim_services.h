@@ -1,0 +1,34 @@
+// The simulated services as the device knows them: each service folder registers itself once
+// (its name, how it returns to a freshly started device, how many observers its facade has),
+// so a test resets the whole device with one call and a new service needs no edit here.
+#ifndef TOVR_SIM_SERVICES_H
+#define TOVR_SIM_SERVICES_H
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace tovr_sim {
+
+struct Service {
+    std::string name;                          // the facade's short name: "common", "job" ...
+    std::function<void()> reset;               // back to a freshly started device; may be empty
+    std::function<std::size_t()> observers;    // observers registered now; empty: no observers
+};
+
+// Registers a service (at static initialisation of its folder's sources); returns true so
+// that it can initialise a namespace-scope constant.
+bool register_service(Service service);
+// Names of the registered services, sorted.
+std::vector<std::string> service_names();
+
+// The whole device back to its initial state: reset(), every service's own reset (in name
+// order), then an empty call record and trace.
+void reset_all();
+// Observers registered with a facade by its service name; -1 for a name no service has.
+long observer_count(const std::string& service);
+
+}  // namespace tovr_sim
+
+#endif
