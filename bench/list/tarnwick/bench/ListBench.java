@@ -6,8 +6,8 @@ import java.util.ArrayList;
 import java.util.Arrays;
 import tarnwick.address.SearchKey;
 import tarnwick.sim.SimAddressBook;
+import tarnwick.sim.SimBox;
 import tarnwick.sim.SimDevice;
-import tarnwick.sim.SimStorage;
 import tarnwick.sim.SimUsers;
 import tarnwick.zel.wrapper.address.CMT_ADDRESSBOOKJNI;
 import tarnwick.zel.wrapper.box.zel_fnd_document_box_moduleJNI;
@@ -142,8 +142,8 @@ public final class ListBench {
                 };
                 break;
             case "box":
-                SimStorage.boxReset();
-                for (int i = 0; i < n; i++) SimStorage.boxAddDocument("/bench", String.format("doc-%05d.pdf", i), i, i * 60, 0);
+                SimBox.reset();
+                for (int i = 0; i < n; i++) SimBox.addDocument("/bench", String.format("doc-%05d.pdf", i), i, i * 60, 0);
                 call = () -> {
                     ArrayList<Object> l = new ArrayList<>(n);
                     check(zel_fnd_document_box_moduleJNI.zel_fnd_document_manager_zel_fnd_get_easy_box_list(manager, null, "/bench", l) == 0
