@@ -5,6 +5,8 @@
 # themselves (its own dependency file, see javac-jar.sh) and is ordered after that target:
 # listing the generated files in a second target would run the rule twice in parallel under the
 # Makefile generator, one run deleting the folder the other compiles.
+# -doxygen carries the /** */ comments of the headers and interface files into the Java classes
+# (the API reference); the generated code is the same with or without it.
 # The interface file's first line reads "// package <java.package>"; the module class is the
 # interface's %module name followed by "JNI". The folders of TOVR_NATIVE_DIRS are SWIG's
 # include path.
@@ -28,7 +30,7 @@ function(tovr_swig_module iface java_root out_source)
     # The package folder belongs to this module alone: stale classes of removed types go.
     COMMAND ${CMAKE_COMMAND} -E remove_directory ${java_dir}
     COMMAND ${CMAKE_COMMAND} -E make_directory ${java_dir}
-    COMMAND ${SWIG_EXECUTABLE} -c++ -java -package ${package} -outdir ${java_dir}
+    COMMAND ${SWIG_EXECUTABLE} -c++ -java -doxygen -package ${package} -outdir ${java_dir}
             ${include_flags} -MMD -MF ${depfile}
             -o ${source} ${iface}
     DEPENDS ${iface}

@@ -10,6 +10,12 @@
 
 namespace tarnwick {
 
+/**
+ * The machine's system values and the panel's identity, as light as it gets: the same device
+ * calls as {@code CMT_System_Info} without its result codes. Only {@code set_value} answers the
+ * device's code (0 success); the getters answer 0 or "" for any failure and {@code change_id}
+ * 0 for failure.
+ */
 class cmt_appinfo_proxy {
 public:
     cmt_appinfo_proxy();

@@ -14,6 +14,17 @@
 
 namespace tarnwick {
 
+/**
+ * The machine's system values (settings and machine data addressed by a key), machine
+ * information, paper trays and counters, model type and screen size, power states (energy
+ * saving, deep sleep, wake-up time) and the panel's reset timer.
+ * <p>Results of the {@code int} operations: 0 success, 1 the application may not use this key
+ * (no competence), 2 error, 3 not supported by this model. Outputs come back in element 0 of the
+ * array passed. The four value accessors ({@code get_long_value}, {@code set_long_value},
+ * {@code get_string_value}, {@code set_string_value}) answer the value (or -1 / "") or a
+ * boolean instead; {@link #get_result()} then tells whether the last of them succeeded and
+ * {@link #get_retcode()} the result of the last get.
+ */
 class CMT_System_Info {
 public:
     CMT_System_Info();
@@ -27,8 +38,10 @@ public:
     int get_machine_info(ESV_ZEL_ENTKEY key, unsigned long cid, std::string& value);
     int set_machine_info(ESV_ZEL_ENTKEY key, unsigned long cid, unsigned int value);
 
-    // The four value accessors are the only operations that keep an outcome: get_result()
-    // tells whether the last of them succeeded, get_retcode() the module code of the last get.
+    /**
+     * The four value accessors are the only operations that keep an outcome: get_result()
+     * tells whether the last of them succeeded, get_retcode() the module code of the last get.
+     */
     long get_long_value(ESV_ZEL_ENTKEY key);
     bool set_long_value(ESV_ZEL_ENTKEY key, long value);
     std::string get_string_value(ESV_ZEL_ENTKEY key);
@@ -40,11 +53,18 @@ public:
     int set_energy_save_prohibition_mode(bool flag);
     bool request_energy_saving_mode(ESV_ZEL_STS_SLEEP state);
     bool check_eweb_cert_info(const char* path);
+    /** 0 when the panel took the request, 2 when it did not. */
     int panel_reset_timer_ctrl(unsigned int context, ESV_ZEL_PNL_RST_TMR operation);
 
+    /** Whether the last value access (get or set) succeeded. */
     bool get_result();
+    /** The result (0 to 3, as in the class description) of the last value get. */
     int get_retcode();
 
+    /**
+     * The module result (0 to 3) of a device service code: 0, 1 no competence, 2 error, 3
+     * unsupported.
+     */
     int convert_retcode(long rc);
 
 private:

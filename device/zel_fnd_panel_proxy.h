@@ -7,18 +7,20 @@
 
 namespace tarnwick {
 
-// The library's own panel enumerations; out-of-range values are refused before the facade.
+/** The buzzer sounds an application may ask for (a value outside them is refused). */
 enum ZEL_FND_BUZZER_TYPE : int {
     ZEL_FND_BUZZER_TYPE_0 = 0,
     ZEL_FND_BUZZER_TYPE_1 = 1,
     ZEL_FND_BUZZER_TYPE_2 = 2
 };
 
+/** The start key's LED: off or on (another value is ignored). */
 enum ZEL_FND_LED_STATE : int {
     ZEL_FND_LED_STATE_OFF = 0,
     ZEL_FND_LED_STATE_ON = 1
 };
 
+/** What an application asks the panel to redraw (a value above 5 is ignored). */
 enum ZEL_FND_VIEW_UPDATE_TYPE : int {
     ZEL_FND_VIEW_UPDATE_TYPE_0 = 0,
     ZEL_FND_VIEW_UPDATE_TYPE_1 = 1,
@@ -28,6 +30,11 @@ enum ZEL_FND_VIEW_UPDATE_TYPE : int {
     ZEL_FND_VIEW_UPDATE_TYPE_5 = 5
 };
 
+/**
+ * The operation panel: screens and values, the buzzer, the start key's LED, application events
+ * and view updates, and the start-up and reset milestones an application reports. No
+ * operation answers a result; the panel's answers are only traced.
+ */
 class zel_fnd_panel_proxy {
 public:
     zel_fnd_panel_proxy() {}

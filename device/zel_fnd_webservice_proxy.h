@@ -10,6 +10,12 @@
 
 namespace tarnwick {
 
+/**
+ * Reservation of one of the device's web services for a client host, and its release.
+ * <p>Results: 0 success, 1 bad parameter, 2 no such service, 3 already reserved, 4 reserved by
+ * another host, 5 failed (also for any answer the library does not know), 6 communication with
+ * the service failed.
+ */
 class zel_fnd_webservice_proxy {
 public:
     zel_fnd_webservice_proxy();

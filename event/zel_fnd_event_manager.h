@@ -11,15 +11,28 @@ class zel_fnd_panel_observer;
 class zel_fnd_acc_observer;
 class zel_fnd_jobinfo_observer;
 
+/**
+ * The event bridge: {@link #init()} registers the library's observers with the device
+ * services, after which the device's notifications reach the static {@code fire...} methods of
+ * the event proxies in {@code tarnwick.zel.controller.event.proxy} (and so the listeners an
+ * application adds there); {@link #terminate()} removes them. Make one manager after
+ * {@code cmt_init.init()}.
+ */
 class zel_fnd_event_manager {
 public:
     zel_fnd_event_manager();
     virtual ~zel_fnd_event_manager();
 
-    // Creates, initialises and registers the observers: common, job, panel, card, job
-    // information. Always true.
+    /**
+     * Creates the observers and registers them with their services (common device status, jobs,
+     * panel, IC card reader, job information, in this order).
+     * @return always true
+     */
     bool init();
-    // Removes and destroys the observers in the same order. Always true.
+    /**
+     * Removes the observers from their services and destroys them.
+     * @return always true
+     */
     bool terminate();
 
 private:

@@ -13,7 +13,7 @@
 
 namespace tarnwick {
 
-// Texts of a job whose buffer size get_char_array_size gives; Java uses the numbers.
+/** The texts of a job whose buffer size {@code get_char_array_size} answers. */
 enum ZEL_FND_JOB_CHAR_ARRAY_SIZE_KEY : int {
     ZEL_FND_JOB_CHAR_ARRAY_SIZE_KEY_0 = 0,
     ZEL_FND_JOB_CHAR_ARRAY_SIZE_KEY_1 = 1,
@@ -26,6 +26,20 @@ enum ZEL_FND_JOB_CHAR_ARRAY_SIZE_KEY : int {
     ZEL_FND_JOB_CHAR_ARRAY_SIZE_KEY_8 = 8
 };
 
+/**
+ * Jobs: job-information sets (the settings of a job to be), jobs made from them, send
+ * addresses, scan data, document-box jobs and direct printing. A job's progress then arrives as
+ * events ({@code JobProxy}, {@code JobInfoProxy} in {@code tarnwick.zel.controller.event.proxy}).
+ * <p>The usual road: {@code generate_jobinfo} gives a set id, {@code set_value} and
+ * {@code add_send_address} fill it, {@code commit_jobinfo} fixes it, {@code create_job} makes a
+ * job of it (its user job id), {@code start} runs it, {@code cancel} stops it.
+ * <p>Every {@code int} result is the device's answer as a small number: 0 success, 1 error (also
+ * any answer the library does not know), 2 an observer is registered twice, 3 no observer,
+ * 4 output prohibited, 5 start prohibited, 6 a limit is reached, 7 communication with the job
+ * service failed, 8 a parameter is wrong, 9 too many copies of a set, 10 the set cannot be
+ * copied, 11 no such category, 12 no such job, 13 the original size is not defined. Outputs come
+ * back in element 0 of the array passed.
+ */
 class zel_fnd_job_proxy {
 public:
     zel_fnd_job_proxy();
@@ -72,6 +86,7 @@ public:
     int combine_document(unsigned int current_id, ESV_ZEL_PHB_COMBINE_DOC_INFO& info);
     jbyteArray get_scan_data(unsigned int user_job_id, ESV_ZEL_JOB_GET_SCAN_DATA& data);
     unsigned int get_char_array_size(ZEL_FND_JOB_CHAR_ARRAY_SIZE_KEY key);
+    /** The result number (0 to 13, as in the class description) of a job service answer. */
     int convert_retcode(long code);
 };
 

@@ -2,23 +2,82 @@
 # The main job: set up, build the library for the host (simulated device) and run the demo on it:
 # the simulated device with sample data, the scan-to-e-mail application written against the
 # library's Java modules, and the virtual front panel on http://127.0.0.1:<port>/ (Ctrl-C ends).
-#   scripts/main.sh                     walk through scan to e-mail, then serve the panel
-#   scripts/main.sh --port 8080         the panel on this port (default: a free one, printed)
-#   scripts/main.sh --no-panel          only the walk through
-#   scripts/main.sh --scenario FILE     play a scenario; exit 0 when every expectation held
-#   scripts/main.sh --time [SECONDS]    the first example: calendar fields of a time
+# scripts/main.sh --help lists the options. Arguments are checked before anything is built.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 build=${TOVR_BUILD_DIR:-$root/build/main}
 jobs=${TOVR_JOBS:-$(nproc)}
-"$root/scripts/setup.sh"
-cmake -S "$root" -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTOVR_BUILD_TESTS=OFF -DTOVR_BUILD_BENCH=OFF >/dev/null
-cmake --build "$build" -j "$jobs" >/dev/null
-java=/usr/lib/jvm/java-17-openjdk-amd64/bin/java
+java=${JAVA_HOME:-/usr/lib/jvm/java-17-openjdk-amd64}/bin/java
+me=scripts/main.sh
+tag=main
+stages=4
+# shellcheck source=host-build.sh
+. "$root/scripts/host-build.sh"
+
+usage() {
+  cat <<EOF
+usage: $me [option ...]
+Builds the library for the host (the first time takes a few minutes), starts the simulated
+device with sample data and the scan-to-e-mail application, walks through it, then serves the
+front panel on http://127.0.0.1:<port>/ (the port is printed; Ctrl-C ends).
+
+  --port N          the panel on port N (0, the default: a free one)
+  --no-panel        the walk through only
+  --no-walk         the panel only
+  --scenario FILE   play a scenario instead (examples/scenarios/); exit 0 when every
+                    expectation held, 1 when one did not, 2 for lines that are not steps
+  --pace MS         the simulated device's pause between two steps of a job (0-10000, default 150)
+  --root DIR        where the drives' folders and the panel's recordings go
+                    (default build/main/demo-device)
+  --time [SECONDS]  the first example instead: calendar fields of a time (default 1230768000)
+  --help            this text
+
+Environment: TOVR_BUILD_DIR (default build/main), TOVR_JOBS (build parallelism), JAVA_HOME.
+EOF
+}
+
+number() {  # option value max
+  [[ $2 =~ ^[0-9]{1,9}$ ]] && [ "$2" -le "$3" ] || bad "$1 takes a number from 0 to $3, not \"$2\""
+}
+
+demo_args=()
+time_mode=0
+time_args=()
+while [ $# -gt 0 ]; do
+  case $1 in
+    -h|--help) usage; exit 0 ;;
+    --port|--pace|--root|--scenario)
+      [ $# -ge 2 ] || bad "$1 needs a value"
+      case $1 in
+        --port) number "$1" "$2" 65535 ;;
+        --pace) number "$1" "$2" 10000 ;;
+        --scenario) [ -f "$2" ] || bad "there is no scenario file $2" ;;
+      esac
+      demo_args+=("$1" "$2")
+      shift 2 ;;
+    --no-panel|--no-walk) demo_args+=("$1"); shift ;;
+    --time)
+      time_mode=1
+      shift
+      if [ $# -gt 0 ] && [[ $1 != --* ]]; then
+        [[ $1 =~ ^[0-9]{1,10}$ ]] && [ "$1" -le 4294967295 ] \
+          || bad "--time takes a number of seconds since 1970 (0 to 4294967295), not \"$1\""
+        time_args+=("$1")
+        shift
+      fi ;;
+    *) bad "unknown option \"$1\"" ;;
+  esac
+done
+[ $time_mode = 0 ] || [ ${#demo_args[@]} = 0 ] || bad "--time is used alone"
+
+started=$SECONDS
+host_build "$root" "$build" "$jobs"
 cp="$build/java/tovr-examples.jar:$build/java/tovrCMT.jar:$build/java/tovrsim.jar"
-if [ "${1:-}" = "--time" ]; then
-  shift
-  exec "$java" -Xcheck:jni -Djava.library.path="$build" -cp "$cp" tarnwick.examples.TimeDemo "$@"
+if [ $time_mode = 1 ]; then
+  step "starting the time example (built in $((SECONDS - started)) s)"
+  exec "$java" -Xcheck:jni -Dtovr.command=$me -Djava.library.path="$build" -cp "$cp" \
+    tarnwick.examples.TimeDemo "${time_args[@]}"
 fi
-exec "$java" -Xcheck:jni -Djava.library.path="$build" -cp "$cp" \
-  tarnwick.examples.demo.DeviceDemo --root "$build/demo-device" "$@"
+step "starting the demo (built in $((SECONDS - started)) s)"
+exec "$java" -Xcheck:jni -Dtovr.command=$me -Djava.library.path="$build" -cp "$cp" \
+  tarnwick.examples.demo.DeviceDemo --root "$build/demo-device" "${demo_args[@]}"

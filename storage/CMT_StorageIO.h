@@ -9,18 +9,33 @@
 
 namespace tarnwick {
 
-// Which drive: the hard disk, and two further values (1 and 2) for the removable media.
+/** Which drive: 0 ({@code CMTDIO_HDD}) the built-in hard disk, 1 and 2 the removable media. */
 enum CMT_STORAGE_TYPE : int { CMTDIO_HDD = 0 };
 
-// Open modes: reading, and further values 1 to 5 passed on to the library's modes.
+/**
+ * Open modes: 0 ({@code CMTDIO_READ}) read, the file must exist; 1 write, the file is created
+ * or emptied; 2 read and write, the file must exist; 3 write at the end, created when missing;
+ * 4 read and write, created or emptied; 5 read anywhere and write at the end, created when
+ * missing.
+ */
 enum CMT_FOPEN_MODE : int { CMTDIO_READ = 0 };
 
-// Seek origins: from the current position, and further values 1 (start) and 2 (end).
+/** Seek origins: 0 ({@code CMTDIO_SEEK_CUR}) the current position, 1 the start, 2 the end. */
 enum CMT_SEEK_MODE : int { CMTDIO_SEEK_CUR = 0 };
 
 // Result codes: these three, and further values 2 to 38 folded from the library's codes.
 enum { CMTDIO_ERROR = -1, CMTDIO_NOERROR = 0, CMTDIO_EOF = 1 };
 
+/**
+ * Files and folders on the device's drives (the built-in hard disk and removable media). Every
+ * operation is static; a drive is a {@code CMT_STORAGE_TYPE} (0 hard disk, 1 and 2 removable
+ * media), outputs come back in element 0 of the array passed, and file and folder handles are
+ * {@code long} values handed back unchanged.
+ * <p>Results: 0 ({@code CMTDIO_NOERROR}) success, 1 ({@code CMTDIO_EOF}) the end of a file or
+ * folder was reached, -1 ({@code CMTDIO_ERROR}) an error the library has no number for, and
+ * 2 to 38 the disk library's own failures (the medium is missing, full, write-protected, a name
+ * is not found ...).
+ */
 class CMT_StorageIO {
 public:
     // Attribute bits.
@@ -38,8 +53,10 @@ public:
     static int move(CMT_STORAGE_TYPE from_type, const std::string& from, CMT_STORAGE_TYPE to_type,
                     const std::string& to);
     static int opendir(CMT_STORAGE_TYPE type, const std::string& path, unsigned long& dir);
-    // The entry's name as modified UTF-8 (see cmt_storage_names.h), "" on failure; `result` is
-    // always written.
+    /**
+     * The entry's name as modified UTF-8 (see cmt_storage_names.h), "" on failure; `result` is
+     * always written.
+     */
     static std::string readdir(unsigned long dir, int& result);
     static int closedir(unsigned long dir);
     static int open(CMT_STORAGE_TYPE type, const std::string& path, CMT_FOPEN_MODE mode, unsigned long& file);
@@ -56,7 +73,7 @@ public:
     static int setfileattribute(CMT_STORAGE_TYPE type, const std::string& path, int attributes);
     static int getfileattribute(CMT_STORAGE_TYPE type, const std::string& path, int& attributes);
 
-    // Translations (internal to the library; not exposed to Java).
+    /** Translations (internal to the library; not exposed to Java). */
     static int getDriveNumber(CMT_STORAGE_TYPE type);
     static int getDVUOpenMode(CMT_FOPEN_MODE mode);
     static int getCMTOpenMode(int mode);

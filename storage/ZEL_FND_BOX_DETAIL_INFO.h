@@ -8,6 +8,10 @@
 
 namespace tarnwick {
 
+/**
+ * The settings of one document box: number, name, owner, sharing, capacity, how long documents are
+ * kept, password.
+ */
 struct ZEL_FND_BOX_DETAIL_INFO {
     uint32_t box_number;
     char box_name[ESV_ZEL_MAX_BOX_NAME];

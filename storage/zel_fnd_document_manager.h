@@ -11,15 +11,21 @@
 
 namespace tarnwick {
 
+/**
+ * The easy document box: lists a folder's documents and deletes documents. There is one
+ * instance ({@link #zel_fnd_get_instance()}).
+ */
 class zel_fnd_document_manager {
 public:
     static zel_fnd_document_manager* zel_fnd_get_instance();
 
-    // 0 deleted, 8 the facade rejected the path, 1 any other failure.
+    /** @return 0 deleted, 8 the box refused the path, 1 any other failure */
     int zel_fnd_delete_document(const std::string& path);
-    // Appends one RemovableMemoryFileImpl per entry of the folder to `list` (a
-    // java.util.ArrayList); 0 on success, 1 on failure. A Java exception raised while building
-    // an entry is left pending for the caller.
+    /**
+     * Appends one {@code tarnwick.zel.box.document.RemovableMemoryFileImpl} per entry of the
+     * folder {@code path} (for example "/Sales") to {@code list}, a {@code java.util.ArrayList}.
+     * @return 0 success, 1 failure (a Java exception met while building an entry stays pending)
+     */
     int zel_fnd_get_easy_box_list(const std::string& path, jobject list);
 
 private:

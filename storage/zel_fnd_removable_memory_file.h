@@ -10,6 +10,10 @@ namespace tarnwick {
 
 class zel_fnd_document_manager;
 
+/**
+ * Makes {@code tarnwick.zel.box.document.RemovableMemoryFileImpl} objects: an entry of the document
+ * box or of removable memory (its info and whether it is a file).
+ */
 class zel_fnd_removable_memory_file {
 public:
     zel_fnd_removable_memory_file();

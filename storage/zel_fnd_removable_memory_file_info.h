@@ -15,21 +15,29 @@ namespace tarnwick {
 class zel_fnd_document_manager;
 class zel_fnd_removable_memory_file;
 
+/**
+ * Makes {@code tarnwick.zel.box.document.RemovableMemoryFileInfoImpl} objects: the name, size, date
+ * and path of one entry.
+ */
 class zel_fnd_removable_memory_file_info {
 public:
     zel_fnd_removable_memory_file_info();
     virtual ~zel_fnd_removable_memory_file_info();
 
-    // A new object through its no-argument constructor; null when there is no environment or
-    // the class could not be found.
+    /**
+     * A new object through its no-argument constructor; null when there is no environment or
+     * the class could not be found.
+     */
     jobject create_removable_memory_file_info();
     void set_field_name(jobject obj, char* name);
     void set_field_path(jobject obj, char* path);
-    // Zero-extended into the long field.
+    /** Zero-extended into the long field. */
     void set_field_data_size(jobject obj, unsigned long size);
-    // A java.util.Date of the local calendar time of `seconds` (platform clock), through
-    // Calendar.getInstance() and its six-field set; the milliseconds stay those of the moment
-    // of conversion.
+    /**
+     * A java.util.Date of the local calendar time of `seconds` (platform clock), through
+     * Calendar.getInstance() and its six-field set; the milliseconds stay those of the moment
+     * of conversion.
+     */
     void set_field_date(jobject obj, long seconds);
 
 private:

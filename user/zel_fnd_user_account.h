@@ -9,6 +9,11 @@
 
 namespace tarnwick {
 
+/**
+ * Hidden user accounts: users an application registers for its own use, kept out of the
+ * device's user list, keyed by login name.
+ * <p>Results: 0 success, 2 no such account, 3 the login name is taken, 4 failure.
+ */
 class zel_fnd_user_account {
 public:
     // Results.

@@ -18,6 +18,11 @@ namespace jni {
 class JavaClass;
 }
 
+/**
+ * Makes {@code tarnwick.zel.user.UserImpl} objects and gives them their attributes (login
+ * name, user name, mail address, department, access level): the builder behind
+ * {@code zel_fnd_authentication.get_local_user_list}.
+ */
 class zel_fnd_user_info {
 public:
     zel_fnd_user_info();
@@ -25,13 +30,13 @@ public:
     zel_fnd_user_info(const zel_fnd_user_info&) = delete;
     zel_fnd_user_info& operator=(const zel_fnd_user_info&) = delete;
 
-    // A new UserImpl (local reference), or null.
+    /** A new UserImpl (local reference), or null. */
     jobject create_user_info();
     void set_field_login_name(jobject user, char* text);
     void set_field_user_name(jobject user, char* text);
     void set_field_mail_address(jobject user, char* text);
     void set_field_account_id(jobject user, int id);
-    // Levels other than 0 and 1 set no attribute.
+    /** Levels other than 0 and 1 set no attribute. */
     void set_field_access_level(jobject user, ESV_ZEL_USER_RIGHTS level);
 
 private:

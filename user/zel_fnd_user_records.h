@@ -7,16 +7,20 @@
 
 namespace tarnwick {
 
-// The certificate number of a logged-in user: given at login, handed back at logout.
+/** The certificate number of a logged-in user: given at login, handed back at logout. */
 struct ZEL_FND_CERTIFICATE_ID {
     unsigned long id = 0;
 };
 
+/**
+ * Holder of an authentication mode ({@code ESV_ZEL_USER_AUTHMODE}) that {@code get_auth_mode}
+ * fills.
+ */
 struct ZEL_FND_AUTH_MODE {
     ESV_ZEL_USER_AUTHMODE mode = ESV_ZEL_USER_AUTHMODE_OFF;
 };
 
-// 0 administrator, 1 ordinary user.
+/** Holder of an access level that {@code get_rights} fills: 0 administrator, 1 ordinary user. */
 struct ZEL_FND_USER_ACCESS_LEVEL {
     ESV_ZEL_USER_RIGHTS level = ESV_ZEL_USER_RIGHTS_ADMIN;
 };

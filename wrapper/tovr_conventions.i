@@ -18,6 +18,7 @@
 %include <std_string.i>
 %include <std_except.i>
 %include <arrays_java.i>
+%include "tovr_loader.i"
 // Enumerations reach Java as plain int, so values outside the enumerators can be passed on.
 %include <enumtypeunsafe.swg>
 

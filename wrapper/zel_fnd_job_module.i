@@ -11,6 +11,14 @@
 #include "zel_fnd_job_proxy.h"
 %}
 
+// The list type's API reference (its declaration is in the shared typemaps).
+%typemap(javaclassmodifiers) std::vector<unsigned int> %{/**
+ * A list of unsigned 32-bit numbers (job ids, send address ids), as {@code long} values: what
+ * {@code zel_fnd_job_proxy.get_job_list} and {@code get_send_address_id} fill. {@code get} and
+ * {@code set} throw {@code IndexOutOfBoundsException} ("vector index out of range") for an index
+ * outside it.
+ */
+public class%}
 TOVR_VECTORL
 
 // ---------------------------------------------------------------------------------------------

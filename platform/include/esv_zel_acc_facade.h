@@ -28,23 +28,23 @@
 #define ESV_ZEL_ACC_ICCARD_DATA_PARTITION "DVC_ACC_ICCARD_DATA_PARTITION"
 #define ESV_ZEL_ACC_ICCARD_DATA_PARTITION_SIZE 16256
 
-// A card held to the reader.
+/** A card held to the reader. */
 struct ESV_ZEL_ACC_ICCARD_INFO {
-    char card_id[ESV_ZEL_ACC_CARD_ID_SIZE];  // the card's identifier as text
-    uint32_t card_type;                      // 1 to 6
-    uint16_t card_data_size;                 // 0: no card data in the partition
-    int32_t blkid;                           // block of the partition that holds the data
+    char card_id[ESV_ZEL_ACC_CARD_ID_SIZE];  ///< the card's identifier as text
+    uint32_t card_type;                      ///< 1 to 6
+    uint16_t card_data_size;                 ///< 0: no card data in the partition
+    int32_t blkid;                           ///< block of the partition that holds the data
 };
 
-// The reader itself changed state.
+/** The reader itself changed state. */
 struct ESV_ZEL_ACC_ICCARD_STATE_CHANGE_INFO {
     uint16_t product_id;
     uint16_t vendor_id;
     uint8_t card_types;
-    int32_t state;  // 1: connected
+    int32_t state;  ///< 1: connected
 };
 
-// FeliCa reading setting of one setting site.
+/** FeliCa reading setting of one setting site. */
 struct ESV_ZEL_ACC_FELICA_SETTING_INFO {
     std::string system_code;
     std::string service_code_1;
@@ -53,21 +53,21 @@ struct ESV_ZEL_ACC_FELICA_SETTING_INFO {
     unsigned char blk_num_2;
 };
 
-// The reader's identity and the card types it supports (ESV_ZEL_ACC_ICCARD_DEVICE_TYPE_* bits).
+/** The reader's identity and the card types it supports (ESV_ZEL_ACC_ICCARD_DEVICE_TYPE_* bits). */
 struct ESV_ZEL_ACC_ICCARD_DEVICE_INFO {
     uint16_t product_id;
     uint16_t vendor_id;
     uint8_t card_types;
 };
 
-// What the reader reads from a FeliCa (TypeC) card; the values belong to the platform.
+/** What the reader reads from a FeliCa (TypeC) card; the values belong to the platform. */
 enum ESV_ZEL_ACC_TYPE_C_READ_TYPE : int {
     ESV_ZEL_ACC_TYPE_C_READ_NONE = 0,
     ESV_ZEL_ACC_TYPE_C_READ_IDM = 1,
     ESV_ZEL_ACC_TYPE_C_READ_FELICA = 2
 };
 
-// The FeliCa setting sites; 0 names none.
+/** The FeliCa setting sites; 0 names none. */
 enum ESV_ZEL_ACC_FELICA_SETTING_SITE : int {
     ESV_ZEL_ACC_FELICA_SETTING_SITE_NONE = 0,
     ESV_ZEL_ACC_FELICA_SETTING_SITE_1 = 1,
@@ -96,7 +96,7 @@ ESV_ZEL_LAYOUT(ESV_ZEL_ACC_ICCARD_STATE_CHANGE_INFO, state, 8);
 
 namespace tarnwick {
 
-// Receives the access-control facade's notifications, one at a time, on the facade's thread.
+/** Receives the access-control facade's notifications, one at a time, on the facade's thread. */
 class esv_zel_acc_observer {
 public:
     virtual ~esv_zel_acc_observer() {}
@@ -105,7 +105,7 @@ public:
     virtual int notify_iccard_state_change_info(ESV_ZEL_ACC_ICCARD_STATE_CHANGE_INFO& info) = 0;
 };
 
-// Process-wide singleton of the access-control service.
+/** Process-wide singleton of the access-control service. */
 class esv_zel_acc_facade {
 public:
     static esv_zel_acc_facade* esv_zel_acc_get_instance();
@@ -113,7 +113,7 @@ public:
     unsigned long esv_zel_acc_add_observer(esv_zel_acc_observer* observer);
     unsigned long esv_zel_acc_remove_observer(esv_zel_acc_observer* observer);
 
-    // The IC card reader and how it reads cards.
+    /** The IC card reader and how it reads cards. */
     unsigned long esv_zel_acc_get_iccard_device_info(ESV_ZEL_ACC_ICCARD_DEVICE_INFO& info);
     unsigned long esv_zel_acc_get_rw_status(unsigned int& status);
     unsigned long esv_zel_acc_set_iccard_read_type(unsigned char type);

@@ -9,11 +9,13 @@
 
 #include "esv_zel_max_sizes.h"
 
+/** The name of an address-book entry and its pronunciation. */
 struct ESV_ZEL_NAME_INFO {
     char name[ESV_ZEL_MAX_ADDRESS_NAME_SIZE];          // 0
     char furigana[ESV_ZEL_MAX_ADDRESS_KANA_SIZE];      // 193: pronunciation
 };
 
+/** The FTP destination of an address-book entry: host, path, port, login name, password. */
 struct ESV_ZEL_FTP_INFO {
     char ftp_host[ESV_ZEL_MAX_FTP_HOST_SIZE];          // 0
     char ftp_path[ESV_ZEL_MAX_FTP_PATH_SIZE];          // 65
@@ -22,6 +24,10 @@ struct ESV_ZEL_FTP_INFO {
     char ftp_pw[ESV_ZEL_MAX_FTP_LOGIN_PW_SIZE];        // 261
 };
 
+/**
+ * The shared-folder (SMB) destination of an address-book entry: host, path, port, login name,
+ * password.
+ */
 struct ESV_ZEL_SMB_INFO {
     char smb_host[ESV_ZEL_MAX_SMB_HOST_SIZE];          // 0
     char smb_path[ESV_ZEL_MAX_SMB_PATH_SIZE];          // 65
@@ -30,6 +36,10 @@ struct ESV_ZEL_SMB_INFO {
     char smb_pw[ESV_ZEL_MAX_SMB_LOGIN_PW_SIZE];        // 325
 };
 
+/**
+ * The fax destination of an address-book entry: number, bit rate, error correction, sub-address,
+ * encryption, cover sheet names.
+ */
 struct ESV_ZEL_FAX_INFO {
     char fax_no[ESV_ZEL_MAX_FAX_SIZE];                 // 0
     int32_t communication_speed;                  // 36: bit rate type
@@ -46,6 +56,10 @@ struct ESV_ZEL_FAX_INFO {
     int32_t title;                                // 668: honorific title type
 };
 
+/**
+ * The Internet-fax destination of an address-book entry: address, mode, size, resolution and file
+ * type.
+ */
 struct ESV_ZEL_IFAX_INFO {
     char i_fax_address[ESV_ZEL_MAX_I_FAX_SIZE];        // 0
     int32_t mode;                                 // 132
@@ -54,10 +68,15 @@ struct ESV_ZEL_IFAX_INFO {
     int32_t file_type;                            // 144
 };
 
+/** The e-mail destination of an address-book entry: its mail address. */
 struct ESV_ZEL_EMAIL_INFO {
     char mail_address[ESV_ZEL_MAX_E_MAIL_SIZE];        // 0
 };
 
+/**
+ * One personal address of the device's address book: name, FTP, SMB, fax, Internet-fax and e-mail
+ * destinations.
+ */
 struct ESV_ZEL_PERSONAL_ADDRESS {
     ESV_ZEL_NAME_INFO name_info;    // 0
     ESV_ZEL_FTP_INFO ftp_info;      // 386
@@ -67,6 +86,7 @@ struct ESV_ZEL_PERSONAL_ADDRESS {
     ESV_ZEL_EMAIL_INFO email_info;  // 1988
 };
 
+/** A group of the device's address book: its id and name. */
 struct ESV_ZEL_GROUP_ADDRESS {
     uint32_t group_id;         // 0
     ESV_ZEL_NAME_INFO name_info;    // 4

@@ -6,26 +6,34 @@
 #include <stddef.h>
 #include <stdint.h>
 
-// Job states and results as ESV_ZEL_JOB_STATE reports them.
+/** Job states as {@code ESV_ZEL_JOB_STATE} and the job events report them. */
 enum ESV_ZEL_EVENT_JOB_STATE : int {
+    /** The job started. */
     ESV_ZEL_EVENT_JOB_START = 0,
+    /** The job ended (its result tells how). */
     ESV_ZEL_EVENT_JOB_END = 1,
+    /** The job's scanning is complete. */
     ESV_ZEL_EVENT_JOB_SCAN_COMPLETE = 2,
+    /** The job is reserved (waiting for its turn). */
     ESV_ZEL_EVENT_JOB_RSV = 3
 };
+/** How a job ended. */
 enum ESV_ZEL_EVENT_JOB_RESULT : int {
+    /** Done. */
     ESV_ZEL_EVENT_JOB_RESULT_COMPLETE = 0,
+    /** Cancelled. */
     ESV_ZEL_EVENT_JOB_RESULT_CANCEL = 1,
+    /** Ended by an error (the job log tells its code). */
     ESV_ZEL_EVENT_JOB_RESULT_ERROR = 2
 };
 
 #define ESV_ZEL_JOB_USER_NAME_SIZE 257
 
-// The state of one job as the facade reports it.
+/** The state of one job as the facade reports it. */
 struct ESV_ZEL_JOB_STATE {
-    int state;                  // ESV_ZEL_EVENT_JOB_STATE
+    int state;                  ///< ESV_ZEL_EVENT_JOB_STATE
     uint32_t user_job_id;
-    int result;                 // ESV_ZEL_EVENT_JOB_RESULT
+    int result;                 ///< ESV_ZEL_EVENT_JOB_RESULT
     uint16_t job_mode;
     char user_name[ESV_ZEL_JOB_USER_NAME_SIZE];
     uint32_t input_box_id;

@@ -11,10 +11,14 @@
 #include "esv_zel_job_state.h"
 
 // ---------------------------------------------------------------------------------------------
-// Result codes of the job facade.
+/**
+ * The job service's answers. The job proxy reports them as small numbers: 0 for
+ * ESV_ZEL_JOB_OK and the low part (2 to 13) for the others; 0x04010001 and any unknown answer
+ * become 1.
+ */
 enum ESV_ZEL_JOB_RET : int {
     ESV_ZEL_JOB_OK = 0x00000000,
-    ESV_ZEL_JOB_ERROR = 0x04010001,  // general failure
+    ESV_ZEL_JOB_ERROR = 0x04010001,  ///< general failure
     ESV_ZEL_JOB_DUPL_OBSERVER = 0x04010002,
     ESV_ZEL_JOB_NO_OBSERVER = 0x04010003,
     ESV_ZEL_JOB_OUTPUT_PROHIBITING = 0x04010004,
@@ -33,7 +37,7 @@ enum ESV_ZEL_JOB_RET : int {
 // Enumerations. Every one has int width; values the device does not know come back as
 // ESV_ZEL_JOB_PARAM_ERROR.
 
-// The function a job-information set is made for.
+/** The function a job-information set is made for. */
 enum ESV_ZEL_JOB_PHB_CATEGORY : int {
     ESV_ZEL_JOB_PHB_CATEGORY_COPY = 0,
     ESV_ZEL_JOB_PHB_CATEGORY_SEND = 1,
@@ -42,7 +46,7 @@ enum ESV_ZEL_JOB_PHB_CATEGORY : int {
     ESV_ZEL_JOB_PHB_CATEGORY_PRINT = 4
 };
 
-// The kind of job made from a committed set.
+/** The kind of job made from a committed set. */
 enum ESV_ZEL_JOB_CATEGORY : int {
     ESV_ZEL_JOB_CATEGORY_COPY = 0,
     ESV_ZEL_JOB_CATEGORY_SCAN_SEND = 1,
@@ -50,11 +54,13 @@ enum ESV_ZEL_JOB_CATEGORY : int {
     ESV_ZEL_JOB_CATEGORY_BOX_STORE = 3,
     ESV_ZEL_JOB_CATEGORY_BOX_PRINT = 4,
     ESV_ZEL_JOB_CATEGORY_DIRECT_PRINT = 5,
-    ESV_ZEL_JOB_CATEGORY_SCAN_READ = 6  // scan data read by the application
+    ESV_ZEL_JOB_CATEGORY_SCAN_READ = 6  ///< scan data read by the application
 };
 
-// Single-valued settings. Below ESV_ZEL_JOB_SETTING_TEXT_BASE they hold numbers, from there on
-// text.
+/**
+ * Single-valued settings. Below ESV_ZEL_JOB_SETTING_TEXT_BASE they hold numbers, from there on
+ * text.
+ */
 enum ESV_ZEL_JOB_SETTING : int {
     ESV_ZEL_JOB_SETTING_COPIES = 0,
     ESV_ZEL_JOB_SETTING_COLOR_MODE = 1,
@@ -65,7 +71,7 @@ enum ESV_ZEL_JOB_SETTING : int {
     ESV_ZEL_JOB_SETTING_FILE_FORMAT = 6,
     ESV_ZEL_JOB_SETTING_ZOOM = 7,
     ESV_ZEL_JOB_SETTING_DENSITY = 8,
-    ESV_ZEL_JOB_SETTING_ORIGINAL_PAGES = 9,  // pages on the original (how many get scanned)
+    ESV_ZEL_JOB_SETTING_ORIGINAL_PAGES = 9,  ///< pages on the original (how many get scanned)
     ESV_ZEL_JOB_SETTING_TEXT_BASE = 100,
     ESV_ZEL_JOB_SETTING_JOB_NAME = 100,
     ESV_ZEL_JOB_SETTING_FILE_NAME = 101,
@@ -74,7 +80,7 @@ enum ESV_ZEL_JOB_SETTING : int {
     ESV_ZEL_JOB_SETTING_USER_NAME = 104
 };
 
-// Three-valued settings.
+/** Three-valued settings. */
 enum ESV_ZEL_PHB_SETTING_ID : int {
     ESV_ZEL_PHB_SETTING_ID_ERASE_FRAME = 0,
     ESV_ZEL_PHB_SETTING_ID_MARGIN = 1,
@@ -82,7 +88,7 @@ enum ESV_ZEL_PHB_SETTING_ID : int {
     ESV_ZEL_PHB_SETTING_ID_SHARPNESS = 3
 };
 
-// Items whose disabled state (a 16-bit mask) a set reports.
+/** Items whose disabled state (a 16-bit mask) a set reports. */
 enum ESV_ZEL_PHB_DISABLE_ITEM : int {
     ESV_ZEL_PHB_DISABLE_ITEM_COLOR_MODE = 0,
     ESV_ZEL_PHB_DISABLE_ITEM_DUPLEX = 1,
@@ -91,15 +97,15 @@ enum ESV_ZEL_PHB_DISABLE_ITEM : int {
     ESV_ZEL_PHB_DISABLE_ITEM_ORIGINAL_SIZE = 4
 };
 
-// Job lists.
+/** Which jobs {@code zel_fnd_job_proxy.get_job_list} lists. */
 enum ESV_ZEL_JOB_KIND : int {
     ESV_ZEL_JOB_KIND_ALL = 0,
-    ESV_ZEL_JOB_KIND_ACTIVE = 1,   // created, not yet finished
-    ESV_ZEL_JOB_KIND_RUNNING = 2,  // started, not yet finished
+    ESV_ZEL_JOB_KIND_ACTIVE = 1,   ///< created, not yet finished
+    ESV_ZEL_JOB_KIND_RUNNING = 2,  ///< started, not yet finished
     ESV_ZEL_JOB_KIND_FINISHED = 3
 };
 
-// Function types of the basic (set-independent) settings.
+/** Function types of the basic (set-independent) settings. */
 enum ESV_ZEL_JOB_FUNC_TYPE : int {
     ESV_ZEL_JOB_FUNC_TYPE_COPY = 0,
     ESV_ZEL_JOB_FUNC_TYPE_SEND = 1,
@@ -108,13 +114,13 @@ enum ESV_ZEL_JOB_FUNC_TYPE : int {
     ESV_ZEL_JOB_FUNC_TYPE_PRINT = 4
 };
 
-// Device-wide start prohibition.
+/** Device-wide start prohibition. */
 enum ESV_ZEL_STATE_OF_PROHIBITION : int {
     ESV_ZEL_STATE_OF_PROHIBITION_RELEASE = 0,
     ESV_ZEL_STATE_OF_PROHIBITION_SET = 1
 };
 
-// Send address types (ESV_ZEL_JOB_SEND_INFO::address_type).
+/** Send address types (ESV_ZEL_JOB_SEND_INFO::address_type). */
 enum ESV_ZEL_JOB_ADDRESS_TYPE : int {
     ESV_ZEL_JOB_ADDRESS_TYPE_FTP = 0,
     ESV_ZEL_JOB_ADDRESS_TYPE_SMB = 1,
@@ -147,7 +153,7 @@ enum ESV_ZEL_JOB_ADDRESS_TYPE : int {
 // ---------------------------------------------------------------------------------------------
 // Records.
 
-// The operation panel's main message of a job-information set.
+/** The operation panel's main message of a job-information set. */
 struct ESV_ZEL_PHB_GET_MESSAGE {
     int main_msg_1;
     int main_msg_2;
@@ -156,6 +162,7 @@ struct ESV_ZEL_PHB_GET_MESSAGE {
     char msg_detail_filename[ESV_ZEL_JOB_JOB_FILENAME_SIZE];
 };
 
+/** A send address on an FTP server: host, port, path, login name and password. */
 struct ESV_ZEL_JOB_SEND_INFO_FTP {
     char host_name[ESV_ZEL_JOB_FTP_HOST_NAME_SIZE];
     uint16_t port_num;
@@ -164,6 +171,7 @@ struct ESV_ZEL_JOB_SEND_INFO_FTP {
     char login_password[ESV_ZEL_JOB_FTP_PASSWORD_SIZE];
 };
 
+/** A send address in a shared folder (SMB): host, port, path, login name and password. */
 struct ESV_ZEL_JOB_SEND_INFO_SMB {
     char host_name[ESV_ZEL_JOB_SMB_HOST_NAME_SIZE];
     uint16_t port_num;
@@ -172,11 +180,16 @@ struct ESV_ZEL_JOB_SEND_INFO_SMB {
     char login_password[ESV_ZEL_JOB_SMB_PASSWORD_SIZE];
 };
 
+/** A send address by e-mail: the mail address. */
 struct ESV_ZEL_JOB_SEND_INFO_MAIL {
     int address_type;
     char mail_address[ESV_ZEL_JOB_MAIL_ADDRESS_SIZE];
 };
 
+/**
+ * A send address by fax: number, sub-address and its password, communication rate, error
+ * correction, encryption.
+ */
 struct ESV_ZEL_JOB_SEND_INFO_FAX {
     char fax_number[ESV_ZEL_JOB_FAX_NUMBER_SIZE];
     char sub_address[ESV_ZEL_JOB_SUB_ADDRESS_SIZE];
@@ -187,6 +200,10 @@ struct ESV_ZEL_JOB_SEND_INFO_FAX {
     uint8_t encryption_key_id;
 };
 
+/**
+ * The address itself, one of FTP, SMB, mail or fax as the send address's type tells ({@code
+ * ESV_ZEL_JOB_ADDRESS_TYPE}).
+ */
 union ESV_ZEL_JOB_SEND_INFO_DETAIL {
     ESV_ZEL_JOB_SEND_INFO_FTP ftp_info;
     ESV_ZEL_JOB_SEND_INFO_SMB smb_info;
@@ -194,12 +211,16 @@ union ESV_ZEL_JOB_SEND_INFO_DETAIL {
     ESV_ZEL_JOB_SEND_INFO_FAX fax_info;
 };
 
-// One send address; address_type tells the valid member of detail.
+/** One send address; address_type tells the valid member of detail. */
 struct ESV_ZEL_JOB_SEND_INFO {
-    int address_type;  // ESV_ZEL_JOB_ADDRESS_TYPE
+    int address_type;  ///< ESV_ZEL_JOB_ADDRESS_TYPE
     ESV_ZEL_JOB_SEND_INFO_DETAIL detail;
 };
 
+/**
+ * What a document-box job works on: the job type, box and document ids, their passwords and the
+ * access path ({@code zel_fnd_job_proxy.box_job_prepare}).
+ */
 struct ESV_ZEL_BOX_JOB_INIT_SETTING {
     int box_job_type;
     uint32_t box_id;
@@ -209,6 +230,7 @@ struct ESV_ZEL_BOX_JOB_INIT_SETTING {
     char doc_pass[ESV_ZEL_JOB_DOC_PASS_SIZE];
 };
 
+/** Which settings of a job-information set are disabled, item by item. */
 struct ESV_ZEL_PHB_INFO_DISABLE {
     uint32_t setting_id;
     uint32_t original_image;
@@ -225,6 +247,9 @@ struct ESV_ZEL_PHB_INFO_DISABLE {
     uint32_t pdf_a_level;
 };
 
+/**
+ * Which settings of a job-information set may still be changed after the job started, item by item.
+ */
 struct ESV_ZEL_PHB_INFO_AFTERWARD {
     uint32_t setting_id;
     uint32_t original_image;
@@ -236,17 +261,26 @@ struct ESV_ZEL_PHB_INFO_AFTERWARD {
     uint32_t pdf_a_level;
 };
 
+/**
+ * The content of a job-information report: the disabled items, the items changeable afterwards, or
+ * the start flag.
+ */
 union ESV_ZEL_PHB_INFO_DETAIL {
     ESV_ZEL_PHB_INFO_DISABLE disable_info;
     ESV_ZEL_PHB_INFO_AFTERWARD afterward_info;
-    uint32_t start_info;  // a flag word: 1 or 0
+    uint32_t start_info;  ///< a flag word: 1 or 0
 };
 
+/** A report on a job-information set: its type and its content. */
 struct ESV_ZEL_PHB_INFO {
     int phb_type;
     ESV_ZEL_PHB_INFO_DETAIL phb_info_detail;
 };
 
+/**
+ * Two documents of a box to combine into a new one ({@code zel_fnd_job_proxy.combine_document}):
+ * box, its password, the two documents and the new name.
+ */
 struct ESV_ZEL_PHB_COMBINE_DOC_INFO {
     uint32_t box_id;
     char box_pass[ESV_ZEL_JOB_BOX_PASS_SIZE];
@@ -255,7 +289,10 @@ struct ESV_ZEL_PHB_COMBINE_DOC_INFO {
     char out_doc_name[ESV_ZEL_JOB_DOC_NAME_SIZE];
 };
 
-// One piece of a running job's scan data: data_size valid bytes at the start of scan_data.
+/**
+ * One piece of a running job's scan data ({@code zel_fnd_job_proxy.get_scan_data}): up to 4096
+ * bytes, how many are valid, and the state of the document (0 while more is coming).
+ */
 struct ESV_ZEL_JOB_GET_SCAN_DATA {
     char scan_data[ESV_ZEL_JOB_GET_SCAN_DATA_SIZE];
     uint32_t data_size;

@@ -10,7 +10,7 @@
 #include <stdint.h>
 
 // ---------------------------------------------------------------------------------------------
-// Result codes of the job-information facade.
+/** Result codes of the job-information facade. */
 enum ESV_ZEL_JOBINFO_RET : int {
     ESV_ZEL_JOBINFO_OK = 0x00000000,
     ESV_ZEL_JOBINFO_ERROR = 0x04010001,
@@ -24,7 +24,7 @@ enum ESV_ZEL_JOBINFO_RET : int {
     ESV_ZEL_JOBINFO_LIST_OPERATE_ERROR = 0x04010009
 };
 
-// Which log a receipt id is looked up in.
+/** Which log a receipt id is looked up in. */
 enum ESV_ZEL_JOBINFO_JOBLOG_TYPE_VAL : int {
     ESV_ZEL_JOBINFO_JOBLOG_TYPE_PRINT = 0,
     ESV_ZEL_JOBINFO_JOBLOG_TYPE_SEND = 1,
@@ -32,7 +32,7 @@ enum ESV_ZEL_JOBINFO_JOBLOG_TYPE_VAL : int {
     ESV_ZEL_JOBINFO_JOBLOG_TYPE_STORE = 3
 };
 
-// Destination kinds of the send and receive lists (category fields).
+/** Destination kinds of the send and receive lists (category fields). */
 enum ESV_ZEL_JOBINFO_CATEGORY : int {
     ESV_ZEL_JOBINFO_CATEGORY_MAIL = 0,
     ESV_ZEL_JOBINFO_CATEGORY_I_FAX = 1,
@@ -43,6 +43,11 @@ enum ESV_ZEL_JOBINFO_CATEGORY : int {
 // ---------------------------------------------------------------------------------------------
 // Job log records.
 
+/**
+ * One entry of the job log ({@code zel_fnd_job_log_proxy.retrieve_joblog}): the job's result
+ * ({@code ESV_ZEL_EVENT_JOB_RESULT}) and error code, times, user, name, pages and copies, and
+ * how many send and receive destinations it has.
+ */
 struct ESV_ZEL_JOBINFO_JOBLOG {
     uint32_t receipt_id;
     int result;
@@ -64,32 +69,37 @@ struct ESV_ZEL_JOBINFO_JOBLOG {
     char dept_code[9];
     uint32_t total_time;
     uint16_t total_page_number;
-    uint32_t receive_num;  // entries of the receive list
-    uint32_t send_num;     // entries of the send list
+    uint32_t receive_num;  ///< entries of the receive list
+    uint32_t send_num;     ///< entries of the send list
 };
 
+/** A logged destination by e-mail: the mail address. */
 struct ESV_ZEL_JOBINFO_SEND_INFO_MAIL {
     char mail_address[129];
 };
+/** A logged destination by Internet fax: its address. */
 struct ESV_ZEL_JOBINFO_SEND_INFO_I_FAX {
     char i_fax_address[129];
 };
+/** A logged destination by fax: number, line, time and pages. */
 struct ESV_ZEL_JOBINFO_SEND_INFO_FAX {
     char fax_no[65];
     int port_no;
     uint32_t time;
     uint16_t page_number;
 };
+/** A logged destination on a computer: its host name. */
 struct ESV_ZEL_JOBINFO_SEND_INFO_PC {
     char host_name[65];
 };
+/** The logged destination itself: mail, Internet fax, fax or computer, as its category tells. */
 union ESV_ZEL_JOBINFO_SEND_INFO_DETAIL {
     ESV_ZEL_JOBINFO_SEND_INFO_MAIL mail;
     ESV_ZEL_JOBINFO_SEND_INFO_I_FAX i_fax;
     ESV_ZEL_JOBINFO_SEND_INFO_FAX fax;
     ESV_ZEL_JOBINFO_SEND_INFO_PC pc;
 };
-// One destination of a logged job; category tells the valid member of detail.
+/** One destination of a logged job; category tells the valid member of detail. */
 struct ESV_ZEL_JOBINFO_SEND_INFO {
     int category;
     int result;
@@ -98,12 +108,15 @@ struct ESV_ZEL_JOBINFO_SEND_INFO {
     ESV_ZEL_JOBINFO_SEND_INFO_DETAIL detail;
 };
 
+/** A logged reception by e-mail: the sender's mail address. */
 struct ESV_ZEL_JOBINFO_RECEIVE_INFO_MAIL {
     char mail_address[129];
 };
+/** A logged reception by Internet fax: the sender's address. */
 struct ESV_ZEL_JOBINFO_RECEIVE_INFO_I_FAX {
     char i_fax_address[129];
 };
+/** A logged fax reception: sender, number, line, result and time. */
 struct ESV_ZEL_JOBINFO_RECEIVE_INFO_FAX {
     char destination_name[194];
     char fax_no[65];
@@ -112,15 +125,21 @@ struct ESV_ZEL_JOBINFO_RECEIVE_INFO_FAX {
     int result_err;
     uint32_t time;
 };
+/** A logged reception from a computer: its host name. */
 struct ESV_ZEL_JOBINFO_RECEIVE_INFO_PC {
     char host_name[65];
 };
+/** The logged reception itself: mail, Internet fax, fax or computer, as its category tells. */
 union ESV_ZEL_JOBINFO_RECEIVE_INFO_DETAIL {
     ESV_ZEL_JOBINFO_RECEIVE_INFO_MAIL mail;
     ESV_ZEL_JOBINFO_RECEIVE_INFO_I_FAX i_fax;
     ESV_ZEL_JOBINFO_RECEIVE_INFO_FAX fax;
     ESV_ZEL_JOBINFO_RECEIVE_INFO_PC pc;
 };
+/**
+ * One reception of a logged job ({@code zel_fnd_job_log_proxy.get_receive_info}); its category
+ * tells the valid member of detail.
+ */
 struct ESV_ZEL_JOBINFO_RECEIVE_INFO {
     int category;
     ESV_ZEL_JOBINFO_RECEIVE_INFO_DETAIL detail;
@@ -129,26 +148,26 @@ struct ESV_ZEL_JOBINFO_RECEIVE_INFO {
 // ---------------------------------------------------------------------------------------------
 // Notification records.
 
-// A job-log entry was written.
+/** A job-log entry was written. */
 struct ESV_ZEL_EVENT_JOB_UPDATE_LOG {
     uint32_t user_job_id;
     uint32_t receipt_id;
 };
 
-// A fax page was sent.
+/** A fax page was sent. */
 struct ESV_ZEL_EVENT_SEND_PAGE {
     uint32_t user_job_id;
     uint32_t page_num;
 };
 
-// An interpreter started for a print job.
+/** An interpreter started for a print job. */
 struct ESV_ZEL_EVENT_RENINT_START {
     uint32_t user_job_id;
     uint8_t name_setting;
     uint32_t interface_info;
 };
 
-// A page was printed.
+/** A page was printed. */
 struct ESV_ZEL_EVENT_PRINT_PAGE {
     uint32_t user_job_id;
     uint32_t page_num;
@@ -166,7 +185,7 @@ struct ESV_ZEL_EVENT_PRINT_PAGE {
     int color_mode;
 };
 
-// A page was scanned.
+/** A page was scanned. */
 struct ESV_ZEL_EVENT_SCAN_PAGE {
     uint32_t user_job_id;
     uint32_t page_num;

@@ -2,12 +2,13 @@
 #ifndef ESV_ZEL_PANEL_FACADE_H
 #define ESV_ZEL_PANEL_FACADE_H
 
-// Enumerations of the panel facade, int wide; their values belong to the platform.
+/** Enumerations of the panel facade, int wide; their values belong to the platform. */
 enum ESV_ZEL_PANEL_KEY_EVENT : int {
     ESV_ZEL_PANEL_KEY_EVENT_PRESS = 0,
     ESV_ZEL_PANEL_KEY_EVENT_RELEASE = 1
 };
 
+/** The panel's function screens ({@code zel_fnd_panel_proxy.request_set_value}). */
 enum ESV_ZEL_PANEL_FUNC_TYPE : int {
     ESV_ZEL_PANEL_FUNC_TYPE_COPY = 0,
     ESV_ZEL_PANEL_FUNC_TYPE_SEND = 1,
@@ -15,11 +16,13 @@ enum ESV_ZEL_PANEL_FUNC_TYPE : int {
     ESV_ZEL_PANEL_FUNC_TYPE_BOX = 3
 };
 
+/** A function's value on the panel: off or on. */
 enum ESV_ZEL_PANEL_SET_VALUE : int {
     ESV_ZEL_PANEL_SET_VALUE_OFF = 0,
     ESV_ZEL_PANEL_SET_VALUE_ON = 1
 };
 
+/** Which screen the panel shows: its main screen or the application's. */
 enum ESV_ZEL_PANEL_DISPLAY_TYPE : int {
     ESV_ZEL_PANEL_DISPLAY_TYPE_MAIN = 0,
     ESV_ZEL_PANEL_DISPLAY_TYPE_APPLICATION = 1
@@ -46,7 +49,10 @@ enum ESV_ZEL_PANEL_VIEW_UPDATE_TYPE : int {
     ESV_ZEL_PANEL_VIEW_UPDATE_TYPE_6 = 6
 };
 
-// Operation on the panel's reset timer; the values belong to the platform.
+/**
+ * What to do with the panel's automatic reset timer ({@code
+ * CMT_System_Info.panel_reset_timer_ctrl}).
+ */
 enum ESV_ZEL_PNL_RST_TMR : int {
     ESV_ZEL_PNL_RST_TMR_STOP = 0,
     ESV_ZEL_PNL_RST_TMR_START = 1,
@@ -55,7 +61,7 @@ enum ESV_ZEL_PNL_RST_TMR : int {
 
 namespace tarnwick {
 
-// Receives the panel facade's notifications on the facade's own thread.
+/** Receives the panel facade's notifications on the facade's own thread. */
 class esv_zel_panel_observer {
 public:
     virtual ~esv_zel_panel_observer() {}
@@ -63,7 +69,7 @@ public:
     virtual unsigned long notify_auto_panel_reset() = 0;
 };
 
-// Process-wide singleton of the panel service. Results are 0 or a platform code.
+/** Process-wide singleton of the panel service. Results are 0 or a platform code. */
 class esv_zel_panel_facade {
 public:
     static esv_zel_panel_facade* esv_zel_panel_get_instance();
@@ -84,7 +90,7 @@ public:
     unsigned long esv_zel_panel_notify_view_update(unsigned int app_id_num,
                                                    ESV_ZEL_PANEL_VIEW_UPDATE_TYPE type);
 
-    // The reset timer of one panel context, and the panel's current identity by name.
+    /** The reset timer of one panel context, and the panel's current identity by name. */
     unsigned long esv_zel_panel_reset_timer_ctrl(unsigned int context, ESV_ZEL_PNL_RST_TMR operation);
     unsigned long esv_zel_panel_change_id(char* id, unsigned int& current_id);
 

@@ -4,7 +4,10 @@
 #ifndef ESV_ZEL_SYSTEMINFO_TYPES_H
 #define ESV_ZEL_SYSTEMINFO_TYPES_H
 
-// Paper in one tray.
+/**
+ * The paper in one tray ({@code get_paper_info}): how much is left in percent, its size, direction
+ * and kind.
+ */
 struct ESV_ZEL_PAPER_INFO {
     unsigned char paper_remain;
     unsigned char paper_size;
@@ -12,7 +15,10 @@ struct ESV_ZEL_PAPER_INFO {
     unsigned char paper_kind;
 };
 
-// Which counter: its kind, the paper size and the colour it counts.
+/**
+ * Which counter {@code get_count} reads: its kind (0 total, 1 print, 2 copy, 3 scan), the paper
+ * size and the colour it counts.
+ */
 struct ESV_ZEL_COUNT_INFO {
     unsigned char count_kind;
     unsigned char paper_size;

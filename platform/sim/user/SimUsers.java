@@ -30,7 +30,7 @@ public final class SimUsers {
         return addLocalUser(loginName, password, userName, email, rights, 0, 0, "", "", "");
     }
 
-    /** Adds users "user00001" ... ("pw<n>", "User <n>", "user<n>@example.com", every tenth an administrator). */
+    /** Adds users "user00001" ... ({@code "pw<n>"}, {@code "User <n>"}, {@code "user<n>@example.com"}, every tenth an administrator). */
     public static native void addLocalUsers(int count);
 
     public static native boolean removeLocalUser(String loginName);

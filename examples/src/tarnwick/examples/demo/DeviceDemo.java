@@ -1,6 +1,8 @@
 package tarnwick.examples.demo;
 
 import java.io.File;
+import java.io.IOException;
+import java.net.BindException;
 import java.nio.charset.StandardCharsets;
 import java.nio.file.Files;
 import java.nio.file.Path;
@@ -12,16 +14,39 @@ import java.util.concurrent.atomic.AtomicReference;
 /**
  * The device on the desk: the simulated device with sample data, the scan-to-e-mail application,
  * and either a short walk through the application followed by the front panel, or a scenario.
- *
- * usage: DeviceDemo [--root DIR] [--port N] [--pace MS] [--no-panel] [--no-walk] [--port-file F]
- *        DeviceDemo --scenario FILE [--root DIR] [--pace MS]
+ * {@code scripts/main.sh} runs it (and names itself in the messages through the system property
+ * {@code tovr.command}).
  */
 public final class DeviceDemo {
+    static final String COMMAND = System.getProperty("tovr.command", "DeviceDemo");
+    static final String HELP = String.join("\n",
+            "usage: " + COMMAND + " [option ...]",
+            "  (no option)          walk through scan to e-mail, then serve the front panel (Ctrl-C ends)",
+            "  --port N             the panel on port N (0, the default: a free one; the port is printed)",
+            "  --no-panel           the walk through only",
+            "  --no-walk            the panel only",
+            "  --scenario FILE      play a scenario; exit 0 when every expectation held, 1 when one did",
+            "                       not, 2 for a file with lines that are not steps",
+            "  --pace MS            the simulated device's pause between two steps of a job (0-10000, default 150)",
+            "  --root DIR           where the drives' folders and the panel's recordings go",
+            "  --port-file FILE     write the panel's port into FILE once it listens",
+            "  --help               this text");
+
+    /** A bad argument: one line on standard error, exit 2. */
     private static void usage(String why) {
-        System.err.println("DeviceDemo: " + why);
-        System.err.println("usage: DeviceDemo [--root DIR] [--port N] [--pace MS] [--no-panel] [--no-walk] [--port-file F]");
-        System.err.println("       DeviceDemo --scenario FILE [--root DIR] [--pace MS]");
+        System.err.println(COMMAND + ": " + why + " (" + COMMAND + " --help lists the options)");
         System.exit(2);
+    }
+
+    private static int number(String option, String value, int min, int max) {
+        try {
+            int n = Integer.parseInt(value);
+            if (n >= min && n <= max) return n;
+        } catch (NumberFormatException e) {
+            // said below
+        }
+        usage(option + " takes a number from " + min + " to " + max + ", not \"" + value + "\"");
+        return 0;
     }
 
     public static void main(String[] args) throws Exception {
@@ -31,27 +56,25 @@ public final class DeviceDemo {
         boolean panel = true, walk = true;
         for (int i = 0; i < args.length; ++i) {
             String a = args[i];
-            boolean hasValue = i + 1 < args.length;
-            try {
-                switch (a) {
-                    case "--scenario": if (!hasValue) usage("--scenario needs a file"); scenario = args[++i]; break;
-                    case "--root": if (!hasValue) usage("--root needs a folder"); root = new File(args[++i]); break;
-                    case "--port": if (!hasValue) usage("--port needs a number"); port = Integer.parseInt(args[++i]); break;
-                    case "--pace": if (!hasValue) usage("--pace needs a number"); pace = Integer.parseInt(args[++i]); break;
-                    case "--port-file": if (!hasValue) usage("--port-file needs a file"); portFile = args[++i]; break;
-                    case "--no-panel": panel = false; break;
-                    case "--no-walk": walk = false; break;
-                    default: usage("unknown argument " + a);
-                }
-            } catch (NumberFormatException e) {
-                usage(a + " needs a number");
+            boolean takesValue = a.equals("--scenario") || a.equals("--root") || a.equals("--port") || a.equals("--pace")
+                    || a.equals("--port-file");
+            if (takesValue && i + 1 >= args.length) usage(a + " needs a value");
+            switch (a) {
+                case "--help": case "-h":
+                    System.out.println(HELP);
+                    return;
+                case "--scenario": scenario = args[++i]; break;
+                case "--root": root = new File(args[++i]); break;
+                case "--port": port = number(a, args[++i], 0, 65535); break;
+                case "--pace": pace = number(a, args[++i], 0, 10000); break;
+                case "--port-file": portFile = args[++i]; break;
+                case "--no-panel": panel = false; break;
+                case "--no-walk": walk = false; break;
+                default: usage("unknown option \"" + a + "\"");
             }
         }
-        if (port < 0 || port > 65535) usage("--port is 0 to 65535");
-        if (pace < 0 || pace > 10000) usage("--pace is 0 to 10000 ms");
-        if (scenario != null && !Files.isRegularFile(Path.of(scenario))) usage("no scenario file " + scenario);
+        if (scenario != null && !Files.isRegularFile(Path.of(scenario))) usage("there is no scenario file " + scenario);
 
-        System.loadLibrary("tovrCMT");
         ScanToEmailApp app = new ScanToEmailApp();
         DemoDevice device = new DemoDevice(app);
         device.setUp(root, pace);
@@ -66,19 +89,32 @@ public final class DeviceDemo {
             app.stop();
             System.exit(rc);
         }
+        PanelServer server = null;
+        if (panel) {
+            // The port is taken before the walk, so a port in use is said at once.
+            server = new PanelServer(app, device, root.toPath().toAbsolutePath().resolve("recordings"));
+            try {
+                port = server.start(port);
+            } catch (BindException e) {
+                app.stop();
+                usage("port " + port + " is in use (choose another with --port, or --port 0 for a free one)");
+            } catch (IOException e) {
+                app.stop();
+                usage("the panel cannot listen on port " + port + ": " + e.getMessage());
+            }
+        }
         if (walk) walk(app, device);
         if (!panel) {
             app.stop();
             System.exit(0);
         }
-        PanelServer server = new PanelServer(app, device);
-        int bound = server.start(port);
-        System.out.println("panel: http://127.0.0.1:" + bound + "/   (Ctrl-C ends)");
-        if (portFile != null) Files.writeString(Path.of(portFile), bound + "\n", StandardCharsets.UTF_8);
+        System.out.println("panel: http://127.0.0.1:" + port + "/   (Ctrl-C ends)");
+        if (portFile != null) Files.writeString(Path.of(portFile), port + "\n", StandardCharsets.UTF_8);
         if (!walk) app.log.watch(e -> System.out.println("  event " + e));
         CountDownLatch end = new CountDownLatch(1);
+        PanelServer running = server;
         Runtime.getRuntime().addShutdownHook(new Thread(() -> {
-            server.stop();
+            running.stop();
             end.countDown();
         }));
         end.await();
@@ -101,9 +137,11 @@ public final class DeviceDemo {
         waitFor(app, "JobEnded", 30000);
         waitFor(app, "SendHistory", 5000);
         System.out.println("walk: copy the scan to USB memory 0");
-        app.submit(() -> app.copyToRemovable(2, "")).get(30, TimeUnit.SECONDS);
+        int seq = app.log.lastSeq();
+        app.startCopy(0, 0, 0);
+        if (app.log.await(seq, "CopyDone", java.util.List.of(), 30000) == null) System.out.println("walk: no CopyDone event");
         System.out.println("walk: log out");
-        app.submit(app::logout).get();
+        app.submit(app::logout).get(10, TimeUnit.SECONDS);
         app.submit(() -> values.set(app.machineValues())).get();
         values.get().forEach((k, v) -> System.out.printf("    %-14s %s%n", k, v));
     }

@@ -1,12 +1,18 @@
 package tarnwick.examples.demo;
 
+import java.util.ArrayDeque;
 import java.util.ArrayList;
+import java.util.Collections;
+import java.util.LinkedHashSet;
 import java.util.List;
+import java.util.Set;
+import java.util.concurrent.CopyOnWriteArrayList;
 import java.util.function.Consumer;
 
 /**
  * What the application saw, in arrival order: each entry a kind ("JobState", "ScanPage", "Login"
- * ...) and its words. Scenarios wait on it, the panel shows its tail, the console prints it.
+ * ...) and its words. Scenarios wait on it, the panel shows its tail, the console prints it. It
+ * keeps the last {@value #KEEP} events.
  */
 public final class EventLog {
     /** One event: its number (from 1), arrival time, kind and text. */
@@ -29,30 +35,43 @@ public final class EventLog {
         }
     }
 
-    private static final int KEEP = 2000;
-    private final List<Event> events = new ArrayList<>();
-    private final List<Consumer<Event>> watchers = new ArrayList<>();
-    private int next = 1;
-    private int dropped;
+    /** Every kind of event the application reports (what scenarios may expect). */
+    public static final Set<String> KINDS = Collections.unmodifiableSet(new LinkedHashSet<>(List.of(
+            "Init", "EventManager", "ICCard", "ICCardError", "Login", "LoginFailed", "Logout", "DeviceLogout", "Key",
+            "AutoReset", "Destination", "DestinationNotFound", "JobCreated", "JobStarted", "JobFailed", "JobState",
+            "ScanPage", "ScanCount", "ScanData", "JobLog", "JobEnded", "JobLogRead", "SendHistory", "BoxListing",
+            "CopyStarted", "CopyProgress", "CopyDone", "CopyFailed", "CopyCancelled", "USB", "Cover", "Toner",
+            "Paper", "Sleep", "Reader", "Forced", "Refused", "Cancel", "Warning", "Error")));
 
-    public void add(String kind, String text) {
-        Event e;
-        List<Consumer<Event>> w;
-        synchronized (this) {
-            e = new Event(next++, System.currentTimeMillis(), kind, text == null ? "" : text);
-            events.add(e);
-            if (events.size() > KEEP) {
-                events.remove(0);
-                ++dropped;
-            }
-            w = new ArrayList<>(watchers);
-            notifyAll();
-        }
-        for (Consumer<Event> c : w) c.accept(e);
+    /** The known kind spelled as given, ignoring case; null when there is none. */
+    public static String kind(String name) {
+        for (String k : KINDS) if (k.equalsIgnoreCase(name)) return k;
+        return null;
     }
 
-    public synchronized void watch(Consumer<Event> c) {
+    static final int KEEP = 2000;
+    private final ArrayDeque<Event> events = new ArrayDeque<>();
+    private final List<Consumer<Event>> watchers = new CopyOnWriteArrayList<>();
+    private int next = 1;
+
+    public void add(String kind, String text) {
+        if (!KINDS.contains(kind)) throw new IllegalArgumentException("unknown event kind " + kind);
+        Event e;
+        synchronized (this) {
+            e = new Event(next++, System.currentTimeMillis(), kind, text == null ? "" : text);
+            events.addLast(e);
+            if (events.size() > KEEP) events.removeFirst();
+            notifyAll();
+        }
+        for (Consumer<Event> c : watchers) c.accept(e);
+    }
+
+    public void watch(Consumer<Event> c) {
         watchers.add(c);
+    }
+
+    public void unwatch(Consumer<Event> c) {
+        watchers.remove(c);
     }
 
     /** Events numbered above {@code afterSeq}, oldest first. */

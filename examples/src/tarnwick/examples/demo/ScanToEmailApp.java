@@ -4,11 +4,19 @@ import java.util.ArrayList;
 import java.util.LinkedHashMap;
 import java.util.List;
 import java.util.Map;
+import java.util.concurrent.Callable;
+import java.util.concurrent.ExecutionException;
 import java.util.concurrent.ExecutorService;
 import java.util.concurrent.Executors;
 import java.util.concurrent.Future;
+import java.util.concurrent.LinkedBlockingQueue;
+import java.util.concurrent.ThreadPoolExecutor;
+import java.util.concurrent.TimeUnit;
+import java.util.concurrent.TimeoutException;
+import java.util.concurrent.atomic.AtomicBoolean;
 import tarnwick.address.SearchKey;
 import tarnwick.zel.address.PersonalAddressImpl;
+import tarnwick.zel.box.document.RemovableMemoryFileImpl;
 import tarnwick.zel.controller.event.device.ICCardInfo;
 import tarnwick.zel.controller.event.job.Job;
 import tarnwick.zel.controller.event.job.JobLogInfo;
@@ -18,37 +26,60 @@ import tarnwick.zel.controller.event.proxy.CommonProxy;
 import tarnwick.zel.controller.event.proxy.JobInfoProxy;
 import tarnwick.zel.controller.event.proxy.JobProxy;
 import tarnwick.zel.controller.event.proxy.PanelProxy;
-import tarnwick.zel.box.document.RemovableMemoryFileImpl;
-import tarnwick.zel.wrapper.address.CMT_ADDRESSBOOKJNI;
-import tarnwick.zel.wrapper.box.zel_fnd_document_box_moduleJNI;
-import tarnwick.zel.wrapper.device.attribute.CMT_SystemInformationJNI;
-import tarnwick.zel.wrapper.event.ZELFNDEventJNI;
-import tarnwick.zel.wrapper.job.log.zel_fnd_job_log_moduleJNI;
-import tarnwick.zel.wrapper.job.zel_fnd_job_moduleJNI;
-import tarnwick.zel.wrapper.storage.CMT_StorageJNI;
+import tarnwick.zel.wrapper.address.cmt_address_book;
+import tarnwick.zel.wrapper.box.zel_fnd_document_manager;
+import tarnwick.zel.wrapper.device.attribute.CMT_System_Info;
+import tarnwick.zel.wrapper.device.attribute.ESV_ZEL_COUNT_INFO;
+import tarnwick.zel.wrapper.device.attribute.ESV_ZEL_PAPER_INFO;
+import tarnwick.zel.wrapper.event.zel_fnd_event_manager;
+import tarnwick.zel.wrapper.job.ESV_ZEL_JOB_ADDRESS_TYPE;
+import tarnwick.zel.wrapper.job.ESV_ZEL_JOB_CATEGORY;
+import tarnwick.zel.wrapper.job.ESV_ZEL_JOB_GET_SCAN_DATA;
+import tarnwick.zel.wrapper.job.ESV_ZEL_JOB_PHB_CATEGORY;
+import tarnwick.zel.wrapper.job.ESV_ZEL_JOB_SEND_INFO;
+import tarnwick.zel.wrapper.job.ESV_ZEL_JOB_SETTING;
+import tarnwick.zel.wrapper.job.zel_fnd_job_proxy;
+import tarnwick.zel.wrapper.job.log.ESV_ZEL_JOBINFO_JOBLOG;
+import tarnwick.zel.wrapper.job.log.ESV_ZEL_JOBINFO_JOBLOG_TYPE_VAL;
+import tarnwick.zel.wrapper.job.log.ESV_ZEL_JOBINFO_SEND_INFO;
+import tarnwick.zel.wrapper.job.log.zel_fnd_job_log_proxy;
+import tarnwick.zel.wrapper.storage.CMT_StorageIO;
 import tarnwick.zel.wrapper.system.cmt_init;
-import tarnwick.zel.wrapper.user.ZELFNDUserJNI;
+import tarnwick.zel.wrapper.user.ESV_ZEL_USERINFO_RECORD;
+import tarnwick.zel.wrapper.user.ESV_ZEL_USER_AUTHMODE;
+import tarnwick.zel.wrapper.user.ESV_ZEL_USER_USERKIND;
+import tarnwick.zel.wrapper.user.ZEL_FND_CERTIFICATE_ID;
+import tarnwick.zel.wrapper.user.zel_fnd_authentication;
 
 /**
- * A device application: scan to e-mail. It uses the library's Java modules only: it starts the
- * library and its event manager, listens to the event proxies, logs a user in (IC card or name
- * and password), finds a destination in the address book, builds and runs a send job, follows
- * its states and pages, reads the job log and send history, shows the machine's values and
- * copies a scanned document to removable memory. Work runs on one application thread; event
- * listeners only record and hand over.
+ * A device application: scan to e-mail. It uses the library's Java modules only, through their
+ * proxy classes: it starts the library and its event manager, listens to the event proxies, logs
+ * a user in (IC card or name and password), finds a destination in the address book, builds and
+ * runs a send job, follows its states and pages, reads the job log and send history, shows the
+ * machine's values and copies a document to removable memory.
+ *
+ * <p>Threads: short library calls run on the application thread ({@link #submit}); a scan job is
+ * followed on the job thread and a copy runs on the copy thread, so neither holds up the rest.
+ * Event listeners only record and hand over.
  */
 public final class ScanToEmailApp {
-    // Job settings and kinds of the job service.
-    private static final int PHB_SEND = 1;
-    private static final int CATEGORY_SCAN_SEND = 1;
-    private static final int SETTING_ORIGINAL_PAGES = 9;
-    private static final int SETTING_USER_NAME = 104;
-    private static final int ADDRESS_MAIL = 2;
-    private static final int LOG_SEND = 1;
-    private static final int AUTH_LOCAL = 1;
-    private static final int USERKIND_LOGIN = 0;
-    // Storage drives as the storage module numbers them.
+    /** Pages a scan may have, wherever they are given (panel, scenario). */
+    public static final int MAX_PAGES = 99;
+    /** Largest document the copy makes, in MB. */
+    public static final int MAX_DOCUMENT_MB = 256;
+    /** Scans kept on the hard disk (older ones are removed). */
+    static final int KEEP_SCANS = 10;
+    /** Jobs, pages and log receipts remembered (the oldest go first). */
+    static final int KEEP_JOBS = 50;
+    /** Scans that may wait behind the one running. */
+    static final int MAX_QUEUED_SCANS = 4;
+
+    // Storage drives as the storage module numbers them, and its open modes.
     public static final int STORAGE_HDD = 0;
+    static final int OPEN_READ = 0;
+    static final int OPEN_WRITE = 1;
+    /** The one large document the copy makes, reused while its size is the one asked for. */
+    static final String DOCUMENT = "document.bin";
 
     /** Panel keys (the application id a key event carries). */
     public static final Map<String, Integer> KEYS = new LinkedHashMap<>();
@@ -59,41 +90,65 @@ public final class ScanToEmailApp {
         KEYS.put("home", 4);
     }
 
+    /** The storage module's drive for removable memory 0 or 1. */
+    public static int removableDrive(int removable) {
+        return removable == 0 ? 2 : 1;
+    }
+
     public final EventLog log = new EventLog();
-    private final ExecutorService worker = Executors.newSingleThreadExecutor(r -> {
-        Thread t = new Thread(r, "scan-to-email");
-        t.setDaemon(true);
-        return t;
-    });
+    private final ExecutorService worker = Executors.newSingleThreadExecutor(daemon("scan-to-email"));
+    private final ThreadPoolExecutor jobs = new ThreadPoolExecutor(1, 1, 0, TimeUnit.SECONDS,
+            new LinkedBlockingQueue<>(MAX_QUEUED_SCANS), daemon("scan-job"));
+    private final ExecutorService copier = Executors.newSingleThreadExecutor(daemon("copy"));
 
     // State, guarded by this.
     private String user = "";
     private String userName = "";
     private long cert;
     private String destination = "";
-    private final Map<Long, String> jobStates = new LinkedHashMap<>();
-    private final Map<Long, String> jobPages = new LinkedHashMap<>();
-    private final Map<Long, Long> receipts = new LinkedHashMap<>();
+    private final Map<Long, String> jobStates = bounded();
+    private final Map<Long, String> jobPages = bounded();
+    private final Map<Long, Long> receipts = bounded();
+    private final List<String> keptScans = new ArrayList<>();
     private String lastScanFile = "";
     private String lastJobLog = "";
     private String lastSendHistory = "";
     private String copyState = "";
+    private boolean copying;
     private int sleepState = 0;
     private long coverStatus = 0;
     private String toner = "ok";
     private String paper = "";
     private String usb = "";
     private String reader = "";
+    private Map<String, String> machine = new LinkedHashMap<>();
+    private int scanPages = 3;
+    private final AtomicBoolean cancelCopy = new AtomicBoolean();
     private volatile long keySentNanos;
     private volatile long lastKeyLatencyNanos = -1;
     private volatile long lastKeyEpochMicros;
-    private int scanPages = 3;
-    private long copyRateBytesPerSecond;
 
-    private long manager;
-    private long auth;
-    private long jobProxy;
-    private long sysInfo;
+    private zel_fnd_event_manager manager;
+    private zel_fnd_authentication auth;
+    private zel_fnd_job_proxy jobProxy;
+    private CMT_System_Info sysInfo;
+
+    private static java.util.concurrent.ThreadFactory daemon(String name) {
+        return r -> {
+            Thread t = new Thread(r, name);
+            t.setDaemon(true);
+            return t;
+        };
+    }
+
+    private static <K, V> Map<K, V> bounded() {
+        return new LinkedHashMap<K, V>() {
+            @Override
+            protected boolean removeEldestEntry(Map.Entry<K, V> eldest) {
+                return size() > KEEP_JOBS;
+            }
+        };
+    }
 
     private final JobProxy.Listener jobListener = new JobProxy.Listener() {
         @Override public void jobStateChanged(Job job) {
@@ -150,6 +205,7 @@ public final class ScanToEmailApp {
                 sleepState = state;
             }
             log.add("Sleep", state == 0 ? "awake" : "asleep " + state);
+            refreshMachine();
         }
 
         @Override public void usbDevice(int status) {
@@ -175,6 +231,7 @@ public final class ScanToEmailApp {
                 paper = text;
             }
             log.add("Paper", text);
+            refreshMachine();
         }
 
         @Override public void cover(long status) {
@@ -196,11 +253,12 @@ public final class ScanToEmailApp {
             lastKeyEpochMicros = now.getEpochSecond() * 1_000_000L + now.getNano() / 1000;
             String key = keyName(id);
             log.add("Key", key + (sent != 0 ? String.format(" %.0fus", lastKeyLatencyNanos / 1000.0) : ""));
-            // Stop must reach a job the application thread is busy following.
-            if (key.equals("stop")) {
-                new Thread(ScanToEmailApp.this::cancelRunning, "stop-key").start();
-            } else {
-                submit(() -> onKey(key));
+            switch (key) {
+                // Stop must reach a job the job thread is busy following.
+                case "stop": new Thread(ScanToEmailApp.this::cancelRunning, "stop-key").start(); break;
+                case "start": startScan(); break;
+                case "reset": submit(ScanToEmailApp.this::logout); break;
+                default: break;
             }
         }
 
@@ -219,26 +277,30 @@ public final class ScanToEmailApp {
         AccProxy.addListener(accListener);
         CommonProxy.addListener(commonListener);
         PanelProxy.addListener(panelListener);
-        manager = ZELFNDEventJNI.new_zel_fnd_event_manager();
-        boolean ok = ZELFNDEventJNI.zel_fnd_event_manager_init(manager, null);
+        manager = new zel_fnd_event_manager();
+        boolean ok = manager.init();
         log.add("EventManager", ok ? "started" : "failed");
-        auth = ZELFNDUserJNI.new_zel_fnd_authentication();
-        jobProxy = zel_fnd_job_moduleJNI.new_zel_fnd_job_proxy();
-        sysInfo = CMT_SystemInformationJNI.new_CMT_System_Info();
+        auth = new zel_fnd_authentication();
+        jobProxy = new zel_fnd_job_proxy();
+        sysInfo = new CMT_System_Info();
+        refreshMachine();
     }
 
     public void stop() {
+        cancelCopy.set(true);
+        copier.shutdownNow();
+        jobs.shutdownNow();
         worker.shutdownNow();
         JobProxy.removeListener(jobListener);
         JobInfoProxy.removeListener(infoListener);
         AccProxy.removeListener(accListener);
         CommonProxy.removeListener(commonListener);
         PanelProxy.removeListener(panelListener);
-        CMT_SystemInformationJNI.delete_CMT_System_Info(sysInfo);
-        zel_fnd_job_moduleJNI.delete_zel_fnd_job_proxy(jobProxy);
-        ZELFNDUserJNI.delete_zel_fnd_authentication(auth);
-        ZELFNDEventJNI.zel_fnd_event_manager_terminate(manager, null);
-        ZELFNDEventJNI.delete_zel_fnd_event_manager(manager);
+        sysInfo.delete();
+        jobProxy.delete();
+        auth.delete();
+        manager.terminate();
+        manager.delete();
     }
 
     public static String keyName(long id) {
@@ -271,53 +333,84 @@ public final class ScanToEmailApp {
         });
     }
 
-    private void onKey(String key) {
-        switch (key) {
-            case "start": scanToEmail(); break;
-            case "stop": break;  // handled at once, see applStart
-            case "reset": logout(); break;
-            default: break;
+    /** The application thread did not take a request in time; the request was dropped. */
+    public static final class Busy extends Exception {
+        Busy(String what) {
+            super(what);
         }
+    }
+
+    /**
+     * Runs {@code work} on the application thread and waits for its answer. When the thread has
+     * not begun it within {@code timeoutMs}, the work is withdrawn (it will not run later) and
+     * {@link Busy} is thrown.
+     */
+    public <T> T call(Callable<T> work, long timeoutMs) throws Busy, InterruptedException {
+        // 0 waiting, 1 begun, 2 withdrawn: whichever of the two threads moves it from 0 decides.
+        java.util.concurrent.atomic.AtomicInteger state = new java.util.concurrent.atomic.AtomicInteger();
+        Future<T> f = worker.submit(() -> state.compareAndSet(0, 1) ? work.call() : null);
+        try {
+            return f.get(timeoutMs, TimeUnit.MILLISECONDS);
+        } catch (TimeoutException e) {
+            if (state.compareAndSet(0, 2)) throw new Busy("the application is busy; nothing was done");
+            try {
+                return f.get();  // it had begun: its answer is the one to give
+            } catch (ExecutionException x) {
+                throw unchecked(x);
+            }
+        } catch (ExecutionException e) {
+            throw unchecked(e);
+        }
+    }
+
+    private static RuntimeException unchecked(ExecutionException e) {
+        Throwable c = e.getCause();
+        return c instanceof RuntimeException ? (RuntimeException) c : new IllegalStateException(c);
     }
 
     // ---- users ----
 
     private void loginCard(String cardId) {
-        long c = ZELFNDUserJNI.new_ZEL_FND_CERTIFICATE_ID();
+        ZEL_FND_CERTIFICATE_ID c = new ZEL_FND_CERTIFICATE_ID();
         try {
-            int rc = ZELFNDUserJNI.zel_fnd_authentication_iccard_login(auth, null, cardId, c, null);
+            int rc = auth.iccard_login(cardId, c);
             if (rc != 0) {
                 log.add("LoginFailed", "card " + cardId + " code " + rc);
                 return;
             }
-            loggedIn(ZELFNDUserJNI.ZEL_FND_CERTIFICATE_ID_id_get(c, null));
+            loggedIn(c.getId());
         } finally {
-            ZELFNDUserJNI.delete_ZEL_FND_CERTIFICATE_ID(c);
+            c.delete();
         }
     }
 
-    public void login(String name, String password) {
-        long c = ZELFNDUserJNI.new_ZEL_FND_CERTIFICATE_ID();
+    /**
+     * Logs a local user in by name and password; returns the module's result (0: logged in, 1
+     * wrong password, 2 unknown user, 4 failure). A failed login leaves whoever was logged in.
+     */
+    public int login(String name, String password) {
+        ZEL_FND_CERTIFICATE_ID c = new ZEL_FND_CERTIFICATE_ID();
         try {
-            int rc = ZELFNDUserJNI.zel_fnd_authentication_login__SWIG_0(auth, null, name, password, AUTH_LOCAL, c, null);
+            int rc = auth.login(name, password, ESV_ZEL_USER_AUTHMODE.ESV_ZEL_USER_AUTHMODE_LOCAL, c);
             if (rc != 0) {
                 log.add("LoginFailed", name + " code " + rc);
-                return;
+                return rc;
             }
-            loggedIn(ZELFNDUserJNI.ZEL_FND_CERTIFICATE_ID_id_get(c, null));
+            loggedIn(c.getId());
+            return 0;
         } finally {
-            ZELFNDUserJNI.delete_ZEL_FND_CERTIFICATE_ID(c);
+            c.delete();
         }
     }
 
     private void loggedIn(long certId) {
         if (cert != 0) logout();
-        long rec = ZELFNDUserJNI.new_ESV_ZEL_USERINFO_RECORD();
+        ESV_ZEL_USERINFO_RECORD rec = new ESV_ZEL_USERINFO_RECORD();
         try {
-            int rc = ZELFNDUserJNI.zel_fnd_authentication_get_login_user_info(auth, null, USERKIND_LOGIN, rec, null);
-            String login = rc == 0 ? ZELFNDUserJNI.ESV_ZEL_USERINFO_RECORD_login_name_get(rec, null) : "?";
-            String name = rc == 0 ? ZELFNDUserJNI.ESV_ZEL_USERINFO_RECORD_user_name_get(rec, null) : "?";
-            String mail = rc == 0 ? ZELFNDUserJNI.ESV_ZEL_USERINFO_RECORD_email_get(rec, null) : "";
+            int rc = auth.get_login_user_info(ESV_ZEL_USER_USERKIND.ESV_ZEL_USER_USERKIND_LOGIN, rec);
+            String login = rc == 0 ? rec.getLogin_name() : "?";
+            String name = rc == 0 ? rec.getUser_name() : "?";
+            String mail = rc == 0 ? rec.getEmail() : "";
             synchronized (this) {
                 cert = certId;
                 user = login;
@@ -326,7 +419,7 @@ public final class ScanToEmailApp {
             }
             log.add("Login", login + " \"" + name + "\" certificate " + certId);
         } finally {
-            ZELFNDUserJNI.delete_ESV_ZEL_USERINFO_RECORD(rec);
+            rec.delete();
         }
     }
 
@@ -341,7 +434,7 @@ public final class ScanToEmailApp {
             log.add("Logout", "nobody logged in");
             return;
         }
-        int rc = ZELFNDUserJNI.zel_fnd_authentication_logout(auth, null, c);
+        int rc = auth.logout(c);
         synchronized (this) {
             cert = 0;
             user = "";
@@ -351,14 +444,18 @@ public final class ScanToEmailApp {
         log.add("Logout", who + (rc == 0 ? "" : " code " + rc));
     }
 
+    public synchronized String user() {
+        return user;
+    }
+
     // ---- address book ----
 
     /** Personal addresses whose name begins with {@code prefix}: "name <mail>" each. */
     public List<String> search(String prefix) {
         List<String> out = new ArrayList<>();
-        long book = CMT_ADDRESSBOOKJNI.new_cmt_address_book();
+        cmt_address_book book = new cmt_address_book();
         try {
-            Object[] found = CMT_ADDRESSBOOKJNI.cmt_address_book_search_address(book, null, 1, new SearchKey(prefix));
+            Object[] found = book.search_address(1, new SearchKey(prefix));
             if (found == null) return out;
             for (Object o : found) {
                 PersonalAddressImpl a = (PersonalAddressImpl) o;
@@ -366,7 +463,7 @@ public final class ScanToEmailApp {
                 out.add(a.getName().getName() + " <" + mail + ">");
             }
         } finally {
-            CMT_ADDRESSBOOKJNI.delete_cmt_address_book(book);
+            book.delete();
         }
         return out;
     }
@@ -386,15 +483,45 @@ public final class ScanToEmailApp {
         return false;
     }
 
-    public synchronized void setScanPages(int pages) {
+    /** Sets the pages of the next scans; false (and nothing changed) outside 1 to {@value #MAX_PAGES}. */
+    public synchronized boolean setScanPages(int pages) {
+        if (pages < 1 || pages > MAX_PAGES) return false;
         scanPages = pages;
-    }
-
-    public synchronized void setCopyRate(long bytesPerSecond) {
-        copyRateBytesPerSecond = bytesPerSecond;
+        return true;
     }
 
     // ---- the job ----
+
+    /** Why a scan to e-mail cannot start now ("" when it can). */
+    public synchronized String scanRefusal() {
+        if (user.isEmpty()) return "nobody logged in";
+        if (destination.isEmpty()) return "no destination";
+        return "";
+    }
+
+    /**
+     * Queues a scan to e-mail on the job thread; "" when queued, otherwise why not (also logged
+     * as Refused).
+     */
+    public String startScan() {
+        String why = scanRefusal();
+        if (why.isEmpty()) {
+            try {
+                jobs.execute(() -> {
+                    try {
+                        scanToEmail();
+                    } catch (RuntimeException e) {
+                        log.add("Error", e.toString());
+                    }
+                });
+                return "";
+            } catch (java.util.concurrent.RejectedExecutionException e) {
+                why = "already " + MAX_QUEUED_SCANS + " scans waiting";
+            }
+        }
+        log.add("Refused", "scan to e-mail: " + why);
+        return why;
+    }
 
     /** Scan to e-mail for the logged-in user to the chosen destination; returns the job id or 0. */
     public long scanToEmail() {
@@ -415,56 +542,55 @@ public final class ScanToEmailApp {
         }
         long uid = createJob(who, to, pages);
         if (uid == 0) return 0;
-        int rc = zel_fnd_job_moduleJNI.zel_fnd_job_proxy_continuous_read(jobProxy, null, uid);
+        int rc = jobProxy.continuous_read(uid);
         if (rc != 0) log.add("Warning", "continuous read result " + rc);
-        rc = zel_fnd_job_moduleJNI.zel_fnd_job_proxy_start(jobProxy, null, uid);
+        rc = jobProxy.start(uid);
         if (rc != 0) {
             log.add("JobFailed", "start result " + rc + " job " + uid);
-            zel_fnd_job_moduleJNI.zel_fnd_job_proxy_cancel(jobProxy, null, uid);
+            jobProxy.cancel(uid);
             return uid;
         }
         log.add("JobStarted", uid + " " + pages + " pages to " + to);
         readScan(uid);
         String end = awaitEnd(uid, 60000);
         log.add("JobEnded", uid + " " + end);
+        refreshMachine();
         readJobLog(uid);
         return uid;
     }
 
     private long createJob(String who, String to, int pages) {
         long[] id = {0};
-        int rc = zel_fnd_job_moduleJNI.zel_fnd_job_proxy_generate_jobinfo(jobProxy, null, PHB_SEND, id);
+        int rc = jobProxy.generate_jobinfo(ESV_ZEL_JOB_PHB_CATEGORY.ESV_ZEL_JOB_PHB_CATEGORY_SEND, id);
         if (rc != 0) {
             log.add("JobFailed", "generate result " + rc);
             return 0;
         }
-        zel_fnd_job_moduleJNI.zel_fnd_job_proxy_set_value__SWIG_0(jobProxy, null, id[0], SETTING_ORIGINAL_PAGES, pages);
-        zel_fnd_job_moduleJNI.zel_fnd_job_proxy_set_value__SWIG_1(jobProxy, null, id[0], SETTING_USER_NAME, who);
-        long info = zel_fnd_job_moduleJNI.new_ESV_ZEL_JOB_SEND_INFO();
+        jobProxy.set_value(id[0], ESV_ZEL_JOB_SETTING.ESV_ZEL_JOB_SETTING_ORIGINAL_PAGES, pages);
+        jobProxy.set_value(id[0], ESV_ZEL_JOB_SETTING.ESV_ZEL_JOB_SETTING_USER_NAME, who);
+        ESV_ZEL_JOB_SEND_INFO info = new ESV_ZEL_JOB_SEND_INFO();
         long[] addressId = {0};
         try {
-            zel_fnd_job_moduleJNI.ESV_ZEL_JOB_SEND_INFO_address_type_set(info, null, ADDRESS_MAIL);
-            long detail = zel_fnd_job_moduleJNI.ESV_ZEL_JOB_SEND_INFO_detail_get(info, null);
-            long mail = zel_fnd_job_moduleJNI.ESV_ZEL_JOB_SEND_INFO_DETAIL_mail_info_get(detail, null);
-            zel_fnd_job_moduleJNI.ESV_ZEL_JOB_SEND_INFO_MAIL_mail_address_set(mail, null, to);
-            rc = zel_fnd_job_moduleJNI.zel_fnd_job_proxy_add_send_address(jobProxy, null, id[0], addressId, info, null);
+            info.setAddress_type(ESV_ZEL_JOB_ADDRESS_TYPE.ESV_ZEL_JOB_ADDRESS_TYPE_MAIL);
+            info.getDetail().getMail_info().setMail_address(to);
+            rc = jobProxy.add_send_address(id[0], addressId, info);
         } finally {
-            zel_fnd_job_moduleJNI.delete_ESV_ZEL_JOB_SEND_INFO(info);
+            info.delete();
         }
         if (rc != 0) {
             log.add("JobFailed", "address result " + rc);
-            zel_fnd_job_moduleJNI.zel_fnd_job_proxy_delete_jobinfo(jobProxy, null, id[0]);
+            jobProxy.delete_jobinfo(id[0]);
             return 0;
         }
-        rc = zel_fnd_job_moduleJNI.zel_fnd_job_proxy_commit_jobinfo(jobProxy, null, id[0]);
+        rc = jobProxy.commit_jobinfo(id[0]);
         if (rc != 0) {
             log.add("JobFailed", "commit result " + rc);
-            zel_fnd_job_moduleJNI.zel_fnd_job_proxy_delete_jobinfo(jobProxy, null, id[0]);
+            jobProxy.delete_jobinfo(id[0]);
             return 0;
         }
         long[] uid = {0};
-        rc = zel_fnd_job_moduleJNI.zel_fnd_job_proxy_create_job(jobProxy, null, CATEGORY_SCAN_SEND, id[0], uid);
-        zel_fnd_job_moduleJNI.zel_fnd_job_proxy_delete_jobinfo(jobProxy, null, id[0]);
+        rc = jobProxy.create_job(ESV_ZEL_JOB_CATEGORY.ESV_ZEL_JOB_CATEGORY_SCAN_SEND, id[0], uid);
+        jobProxy.delete_jobinfo(id[0]);
         if (rc != 0) {
             log.add("JobFailed", "create result " + rc);
             return 0;
@@ -480,21 +606,21 @@ public final class ScanToEmailApp {
     private void readScan(long uid) {
         String name = "scan-" + uid + ".bin";
         long[] h = {0};
-        int rc = CMT_StorageJNI.CMT_StorageIO_open(STORAGE_HDD, name, 1, h);
+        int rc = CMT_StorageIO.open(STORAGE_HDD, name, OPEN_WRITE, h);
         if (rc != 0) log.add("Warning", "cannot keep the scan on the hard disk: " + rc);
-        long data = zel_fnd_job_moduleJNI.new_ESV_ZEL_JOB_GET_SCAN_DATA();
+        ESV_ZEL_JOB_GET_SCAN_DATA data = new ESV_ZEL_JOB_GET_SCAN_DATA();
         long total = 0;
         long deadline = System.currentTimeMillis() + 60000;
         try {
             while (System.currentTimeMillis() < deadline) {
-                byte[] piece = zel_fnd_job_moduleJNI.zel_fnd_job_proxy_get_scan_data(jobProxy, null, uid, data, null);
+                byte[] piece = jobProxy.get_scan_data(uid, data);
                 if (piece == null) break;
                 if (piece.length > 0 && h[0] != 0) {
                     long[] done = {0};
-                    CMT_StorageJNI.CMT_StorageIO_write(piece, piece.length, h[0], done);
+                    CMT_StorageIO.write(piece, piece.length, h[0], done);
                 }
                 total += piece.length;
-                if (zel_fnd_job_moduleJNI.ESV_ZEL_JOB_GET_SCAN_DATA_doc_state_get(data, null) != 0) break;
+                if (data.getDoc_state() != 0) break;
                 if (piece.length == 0) {
                     if (ended(uid)) break;
                     Thread.sleep(20);
@@ -503,14 +629,24 @@ public final class ScanToEmailApp {
         } catch (InterruptedException e) {
             Thread.currentThread().interrupt();
         } finally {
-            zel_fnd_job_moduleJNI.delete_ESV_ZEL_JOB_GET_SCAN_DATA(data);
-            if (h[0] != 0) CMT_StorageJNI.CMT_StorageIO_close(h[0]);
-            zel_fnd_job_moduleJNI.zel_fnd_job_proxy_continuous_read_end(jobProxy, null, uid);
+            data.delete();
+            if (h[0] != 0) CMT_StorageIO.close(h[0]);
+            jobProxy.continuous_read_end(uid);
         }
-        synchronized (this) {
-            if (h[0] != 0) lastScanFile = name;
-        }
+        if (h[0] != 0) keepScan(name);
         log.add("ScanData", uid + " " + total + " bytes" + (h[0] != 0 ? " kept as " + name : ""));
+    }
+
+    /** The newest scans stay on the hard disk; older ones are removed. */
+    private void keepScan(String name) {
+        List<String> gone = new ArrayList<>();
+        synchronized (this) {
+            lastScanFile = name;
+            keptScans.remove(name);
+            keptScans.add(name);
+            while (keptScans.size() > KEEP_SCANS) gone.add(keptScans.remove(0));
+        }
+        for (String old : gone) CMT_StorageIO.remove(STORAGE_HDD, old);
     }
 
     private synchronized boolean ended(long uid) {
@@ -539,7 +675,7 @@ public final class ScanToEmailApp {
         }
         if (running.isEmpty()) log.add("Cancel", "no job running");
         for (long uid : running) {
-            int rc = zel_fnd_job_moduleJNI.zel_fnd_job_proxy_cancel(jobProxy, null, uid);
+            int rc = jobProxy.cancel(uid);
             log.add("Cancel", uid + (rc == 0 ? "" : " code " + hex(rc)));
         }
     }
@@ -563,45 +699,42 @@ public final class ScanToEmailApp {
             log.add("JobLogRead", uid + " no log entry");
             return;
         }
-        long logProxy = zel_fnd_job_log_moduleJNI.new_zel_fnd_job_log_proxy();
-        long entry = zel_fnd_job_log_moduleJNI.new_ESV_ZEL_JOBINFO_JOBLOG();
+        final int sendLog = ESV_ZEL_JOBINFO_JOBLOG_TYPE_VAL.ESV_ZEL_JOBINFO_JOBLOG_TYPE_SEND;
+        zel_fnd_job_log_proxy logProxy = new zel_fnd_job_log_proxy();
+        ESV_ZEL_JOBINFO_JOBLOG entry = new ESV_ZEL_JOBINFO_JOBLOG();
         try {
-            int rc = zel_fnd_job_log_moduleJNI.zel_fnd_job_log_proxy_retrieve_joblog(logProxy, null, receipt, LOG_SEND, entry, null);
+            int rc = logProxy.retrieve_joblog(receipt, sendLog, entry);
             if (rc != 0) {
                 log.add("JobLogRead", uid + " code " + hex(rc));
                 return;
             }
-            int result = zel_fnd_job_log_moduleJNI.ESV_ZEL_JOBINFO_JOBLOG_result_get(entry, null);
-            int err = zel_fnd_job_log_moduleJNI.ESV_ZEL_JOBINFO_JOBLOG_result_err_get(entry, null);
-            String who = zel_fnd_job_log_moduleJNI.ESV_ZEL_JOBINFO_JOBLOG_user_name_get(entry, null);
-            long sends = zel_fnd_job_log_moduleJNI.ESV_ZEL_JOBINFO_JOBLOG_send_num_get(entry, null);
-            String text = "receipt " + receipt + " result " + resultName(result) + " error " + hex(err) + " user " + who;
+            String text = "receipt " + receipt + " result " + resultName(entry.getResult()) + " error "
+                    + hex(entry.getResult_err()) + " user " + entry.getUser_name();
             synchronized (this) {
                 lastJobLog = text;
             }
             log.add("JobLogRead", uid + " " + text);
             StringBuilder history = new StringBuilder();
-            if (zel_fnd_job_log_moduleJNI.zel_fnd_job_log_proxy_create_send_info_list(logProxy, null, receipt, LOG_SEND) == 0) {
-                long send = zel_fnd_job_log_moduleJNI.new_ESV_ZEL_JOBINFO_SEND_INFO();
-                for (long i = 0; i < sends; ++i) {
-                    if (zel_fnd_job_log_moduleJNI.zel_fnd_job_log_proxy_get_send_info(logProxy, null, send, null) != 0) break;
-                    long detail = zel_fnd_job_log_moduleJNI.ESV_ZEL_JOBINFO_SEND_INFO_detail_get(send, null);
-                    long mail = zel_fnd_job_log_moduleJNI.ESV_ZEL_JOBINFO_SEND_INFO_DETAIL_mail_get(detail, null);
-                    String address = zel_fnd_job_log_moduleJNI.ESV_ZEL_JOBINFO_SEND_INFO_MAIL_mail_address_get(mail, null);
-                    int r = zel_fnd_job_log_moduleJNI.ESV_ZEL_JOBINFO_SEND_INFO_result_get(send, null);
-                    String line = address + " " + resultName(r);
-                    history.append(history.length() == 0 ? "" : "; ").append(line);
-                    log.add("SendHistory", uid + " " + line);
+            if (logProxy.create_send_info_list(receipt, sendLog) == 0) {
+                ESV_ZEL_JOBINFO_SEND_INFO send = new ESV_ZEL_JOBINFO_SEND_INFO();
+                try {
+                    for (long i = 0; i < entry.getSend_num(); ++i) {
+                        if (logProxy.get_send_info(send) != 0) break;
+                        String line = send.getDetail().getMail().getMail_address() + " " + resultName(send.getResult());
+                        history.append(history.length() == 0 ? "" : "; ").append(line);
+                        log.add("SendHistory", uid + " " + line);
+                    }
+                } finally {
+                    send.delete();
+                    logProxy.delete_send_info_list();
                 }
-                zel_fnd_job_log_moduleJNI.delete_ESV_ZEL_JOBINFO_SEND_INFO(send);
-                zel_fnd_job_log_moduleJNI.zel_fnd_job_log_proxy_delete_send_info_list(logProxy, null);
             }
             synchronized (this) {
                 lastSendHistory = history.toString();
             }
         } finally {
-            zel_fnd_job_log_moduleJNI.delete_ESV_ZEL_JOBINFO_JOBLOG(entry);
-            zel_fnd_job_log_moduleJNI.delete_zel_fnd_job_log_proxy(logProxy);
+            entry.delete();
+            logProxy.delete();
         }
     }
 
@@ -620,34 +753,58 @@ public final class ScanToEmailApp {
 
     // ---- machine values ----
 
+    /** Reads the machine values again on the application thread (after something changed them). */
+    public Future<?> refreshMachine() {
+        return submit(this::readMachine);
+    }
+
+    /** Reads the machine values now (on the application thread) and keeps them for {@link #machine()}. */
+    public Map<String, String> readMachine() {
+        Map<String, String> m = machineValues();
+        synchronized (this) {
+            machine = m;
+        }
+        return m;
+    }
+
     /** Model, counters, paper and power state as the application reads them. */
     public Map<String, String> machineValues() {
         Map<String, String> out = new LinkedHashMap<>();
         long[] model = {0};
-        int rc = CMT_SystemInformationJNI.CMT_System_Info_get_model_type(sysInfo, null, model);
+        int rc = sysInfo.get_model_type(model);
         out.put("model", rc == 0 ? String.valueOf(model[0]) : "code " + rc);
         String[] kinds = {"total", "print", "copy", "scan"};
-        long c = CMT_SystemInformationJNI.new_ESV_ZEL_COUNT_INFO();
-        for (int k = 0; k < kinds.length; ++k) {
-            CMT_SystemInformationJNI.ESV_ZEL_COUNT_INFO_count_kind_set(c, null, (short) k);
-            CMT_SystemInformationJNI.ESV_ZEL_COUNT_INFO_paper_size_set(c, null, (short) 4);
-            CMT_SystemInformationJNI.ESV_ZEL_COUNT_INFO_color_info_set(c, null, (short) 1);
-            long[] count = {0};
-            rc = CMT_SystemInformationJNI.CMT_System_Info_get_count(sysInfo, null, c, null, count);
-            out.put("counter " + kinds[k], rc == 0 ? String.valueOf(count[0]) : "code " + rc);
+        ESV_ZEL_COUNT_INFO c = new ESV_ZEL_COUNT_INFO();
+        try {
+            for (int k = 0; k < kinds.length; ++k) {
+                c.setCount_kind((short) k);
+                c.setPaper_size((short) 4);
+                c.setColor_info((short) 1);
+                long[] count = {0};
+                rc = sysInfo.get_count(c, count);
+                out.put("counter " + kinds[k], rc == 0 ? String.valueOf(count[0]) : "code " + rc);
+            }
+        } finally {
+            c.delete();
         }
-        CMT_SystemInformationJNI.delete_ESV_ZEL_COUNT_INFO(c);
-        long p = CMT_SystemInformationJNI.new_ESV_ZEL_PAPER_INFO();
-        for (int tray = 1; tray <= 2; ++tray) {
-            rc = CMT_SystemInformationJNI.CMT_System_Info_get_paper_info(sysInfo, null, tray, p, null);
-            out.put("tray " + tray, rc == 0 ? CMT_SystemInformationJNI.ESV_ZEL_PAPER_INFO_paper_remain_get(p, null) + "% paper"
-                    : "code " + rc);
+        ESV_ZEL_PAPER_INFO p = new ESV_ZEL_PAPER_INFO();
+        try {
+            for (int tray = 1; tray <= 2; ++tray) {
+                rc = sysInfo.get_paper_info(tray, p);
+                out.put("tray " + tray, rc == 0 ? p.getPaper_remain() + "% paper" : "code " + rc);
+            }
+        } finally {
+            p.delete();
         }
-        CMT_SystemInformationJNI.delete_ESV_ZEL_PAPER_INFO(p);
         synchronized (this) {
             out.put("power", sleepState == 0 ? "awake" : "asleep (" + sleepState + ")");
         }
         return out;
+    }
+
+    /** The machine values as last read. */
+    public synchronized Map<String, String> machine() {
+        return new LinkedHashMap<>(machine);
     }
 
     // ---- document box ----
@@ -655,9 +812,8 @@ public final class ScanToEmailApp {
     /** The documents of a document-box folder: "name size" each, or why there are none. */
     public List<String> boxListing(String folder) {
         List<String> out = new ArrayList<>();
-        long manager = zel_fnd_document_box_moduleJNI.zel_fnd_document_manager_zel_fnd_get_instance();
         ArrayList<Object> found = new ArrayList<>();
-        int rc = zel_fnd_document_box_moduleJNI.zel_fnd_document_manager_zel_fnd_get_easy_box_list(manager, null, folder, found);
+        int rc = zel_fnd_document_manager.zel_fnd_get_instance().zel_fnd_get_easy_box_list(folder, found);
         if (rc != 0) {
             log.add("BoxListing", folder + " result " + rc);
             return out;
@@ -673,105 +829,168 @@ public final class ScanToEmailApp {
     // ---- copy to removable memory ----
 
     /**
-     * Copies a file of the hard disk to a removable drive (storage module numbering) in pieces,
-     * reporting progress every tenth; "" copies the last scan.
+     * Starts a copy to removable memory 0 or 1 on the copy thread: the last scan ({@code mb} 0)
+     * or a document of {@code mb} MB, at {@code bytesPerSecond} (0: full speed). Returns "" when
+     * it started, otherwise why not (nothing is changed then).
      */
-    public boolean copyToRemovable(int storageDrive, String name) {
-        String source = name;
-        long rate;
+    public String startCopy(int removable, int mb, long bytesPerSecond) {
+        if (removable != 0 && removable != 1) return "removable memory is 0 or 1";
+        if (mb < 0 || mb > MAX_DOCUMENT_MB) return "a document is 1 to " + MAX_DOCUMENT_MB + " MB";
+        if (bytesPerSecond < 0) return "a rate is a positive number";
+        String source;
         synchronized (this) {
-            if (source.isEmpty()) source = lastScanFile;
-            rate = copyRateBytesPerSecond;
+            if (copying) {
+                log.add("Refused", "copy: a copy is running");
+                return "a copy is running (cancel it first)";
+            }
+            source = mb > 0 ? DOCUMENT : lastScanFile;
+            if (source.isEmpty()) {
+                log.add("CopyFailed", "nothing scanned yet");
+                return "nothing scanned yet";
+            }
+            copying = true;
+            copyState = "starting";
         }
-        if (source.isEmpty()) {
-            log.add("CopyFailed", "nothing scanned yet");
-            return false;
+        int drive = removableDrive(removable);
+        long[] out = {0};
+        int rc = CMT_StorageIO.open(drive, source, OPEN_WRITE, out);
+        if (rc != 0) {
+            String why = "removable memory " + removable + " is not plugged in or not writable (result " + rc + ")";
+            synchronized (this) {
+                copying = false;
+                copyState = "failed: " + why;
+            }
+            log.add("CopyFailed", source + " " + why);
+            return why;
         }
-        long[] size = {0};
-        if (CMT_StorageJNI.CMT_StorageIO_getfilesize(STORAGE_HDD, source, size) != 0) {
-            log.add("CopyFailed", source + " not on the hard disk");
-            return false;
-        }
-        long[] in = {0}, out = {0};
-        if (CMT_StorageJNI.CMT_StorageIO_open(STORAGE_HDD, source, 0, in) != 0) {
-            log.add("CopyFailed", "cannot read " + source);
-            return false;
-        }
-        if (CMT_StorageJNI.CMT_StorageIO_open(storageDrive, source, 1, out) != 0) {
-            CMT_StorageJNI.CMT_StorageIO_close(in[0]);
-            setCopy("failed: removable memory not writable");
-            log.add("CopyFailed", source + " removable memory not writable");
-            return false;
-        }
-        log.add("CopyStarted", source + " " + size[0] + " bytes");
-        byte[] buf = new byte[65536];
-        long copied = 0;
-        int lastTenth = -1;
-        long started = System.nanoTime();
-        String failure = null;
-        try {
-            for (;;) {
-                long[] got = {0};
-                int rc = CMT_StorageJNI.CMT_StorageIO_read(buf, buf.length, in[0], got);
-                if (rc == 1 && got[0] == 0) break;
-                if (rc != 0 && rc != 1) {
-                    failure = "read " + rc;
-                    break;
+        cancelCopy.set(false);
+        long bytes = mb * 1024L * 1024L;
+        copier.execute(() -> {
+            try {
+                copy(source, bytes, drive, out[0], bytesPerSecond);
+            } catch (RuntimeException e) {
+                log.add("Error", e.toString());
+            } finally {
+                synchronized (this) {
+                    copying = false;
                 }
-                if (got[0] > 0) {
-                    long[] put = {0};
-                    byte[] piece = got[0] == buf.length ? buf : java.util.Arrays.copyOf(buf, (int) got[0]);
-                    int w = CMT_StorageJNI.CMT_StorageIO_write(piece, got[0], out[0], put);
-                    if (w != 0 || put[0] != got[0]) {
-                        failure = "write " + w + " after " + copied + " bytes";
+            }
+        });
+        return "";
+    }
+
+    /** Asks the running copy to stop; false when none runs. */
+    public boolean cancelCopy() {
+        synchronized (this) {
+            if (!copying) return false;
+        }
+        cancelCopy.set(true);
+        return true;
+    }
+
+    public synchronized boolean copying() {
+        return copying;
+    }
+
+    /** Copies {@code source} (made first when {@code bytes} > 0) into the open file {@code out}. */
+    private void copy(String source, long bytes, int drive, long out, long rate) {
+        String failure = null;
+        long[] in = {0};
+        long[] size = {0};
+        long copied = 0;
+        try {
+            if (bytes > 0) failure = makeDocument(bytes);
+            if (failure == null && CMT_StorageIO.getfilesize(STORAGE_HDD, source, size) != 0) {
+                failure = source + " not on the hard disk";
+            }
+            if (failure == null && CMT_StorageIO.open(STORAGE_HDD, source, OPEN_READ, in) != 0) {
+                failure = "cannot read " + source;
+            }
+            if (failure == null) {
+                log.add("CopyStarted", source + " " + size[0] + " bytes");
+                byte[] buf = new byte[65536];
+                int lastTenth = -1;
+                long started = System.nanoTime();
+                for (;;) {
+                    if (cancelCopy.get()) {
+                        failure = "cancelled";
                         break;
                     }
-                    copied += got[0];
+                    long[] got = {0};
+                    int rc = CMT_StorageIO.read(buf, buf.length, in[0], got);
+                    if (rc == 1 && got[0] == 0) break;
+                    if (rc != 0 && rc != 1) {
+                        failure = "read " + rc;
+                        break;
+                    }
+                    if (got[0] > 0) {
+                        long[] put = {0};
+                        byte[] piece = got[0] == buf.length ? buf : java.util.Arrays.copyOf(buf, (int) got[0]);
+                        int w = CMT_StorageIO.write(piece, got[0], out, put);
+                        if (w != 0 || put[0] != got[0]) {
+                            failure = "write " + w + " after " + copied + " bytes";
+                            break;
+                        }
+                        copied += got[0];
+                    }
+                    int tenth = size[0] == 0 ? 10 : (int) (copied * 10 / size[0]);
+                    if (tenth != lastTenth) {
+                        lastTenth = tenth;
+                        setCopy(source + " " + tenth * 10 + "%");
+                        log.add("CopyProgress", source + " " + tenth * 10 + "%");
+                    }
+                    if (rate > 0) {
+                        long wait = started + copied * 1_000_000_000L / rate - System.nanoTime();
+                        if (wait > 0) Thread.sleep(wait / 1_000_000, (int) (wait % 1_000_000));
+                    }
+                    if (rc == 1) break;
                 }
-                int tenth = size[0] == 0 ? 10 : (int) (copied * 10 / size[0]);
-                if (tenth != lastTenth) {
-                    lastTenth = tenth;
-                    setCopy(source + " " + tenth * 10 + "%");
-                    log.add("CopyProgress", source + " " + tenth * 10 + "%");
-                }
-                if (rate > 0) {
-                    long due = started + copied * 1_000_000_000L / rate;
-                    long wait = due - System.nanoTime();
-                    if (wait > 0) Thread.sleep(wait / 1_000_000, (int) (wait % 1_000_000));
-                }
-                if (rc == 1) break;
             }
         } catch (InterruptedException e) {
             Thread.currentThread().interrupt();
             failure = "interrupted";
         } finally {
-            CMT_StorageJNI.CMT_StorageIO_close(in[0]);
-            CMT_StorageJNI.CMT_StorageIO_close(out[0]);
+            if (in[0] != 0) CMT_StorageIO.close(in[0]);
+            CMT_StorageIO.close(out);
         }
-        if (failure != null) {
+        if ("cancelled".equals(failure)) {
+            CMT_StorageIO.remove(drive, source);  // a half copy is no copy
+            setCopy("cancelled after " + copied + " bytes");
+            log.add("CopyCancelled", source + " after " + copied + " bytes");
+        } else if (failure != null) {
             setCopy("failed: " + failure);
             log.add("CopyFailed", source + " " + failure);
-            return false;
+        } else {
+            setCopy(source + " done");
+            log.add("CopyDone", source + " " + copied + " bytes");
         }
-        setCopy(source + " done");
-        log.add("CopyDone", source + " " + copied + " bytes");
-        return true;
     }
 
-    /** Writes a file of {@code bytes} bytes on the hard disk (a large document to copy). */
-    public String makeHardDiskFile(long bytes) {
-        String name = "document-" + bytes + ".bin";
+    /**
+     * Makes the document of {@code bytes} bytes on the hard disk, unless it is there with that
+     * size already: one file, whatever sizes are asked for. Null, or why it could not be made.
+     */
+    private String makeDocument(long bytes) {
+        long[] have = {0};
+        if (CMT_StorageIO.getfilesize(STORAGE_HDD, DOCUMENT, have) == 0 && have[0] == bytes) return null;
+        setCopy("making a " + bytes / (1024 * 1024) + " MB document");
         long[] h = {0};
-        if (CMT_StorageJNI.CMT_StorageIO_open(STORAGE_HDD, name, 1, h) != 0) return "";
+        int rc = CMT_StorageIO.open(STORAGE_HDD, DOCUMENT, OPEN_WRITE, h);
+        if (rc != 0) return "cannot write " + DOCUMENT + " on the hard disk (result " + rc + ")";
         byte[] buf = new byte[65536];
         for (int i = 0; i < buf.length; ++i) buf[i] = (byte) i;
-        for (long left = bytes; left > 0; left -= buf.length) {
-            int n = (int) Math.min(buf.length, left);
-            long[] done = {0};
-            CMT_StorageJNI.CMT_StorageIO_write(n == buf.length ? buf : java.util.Arrays.copyOf(buf, n), n, h[0], done);
+        try {
+            for (long left = bytes; left > 0; left -= buf.length) {
+                if (cancelCopy.get()) return "cancelled";
+                int n = (int) Math.min(buf.length, left);
+                long[] done = {0};
+                rc = CMT_StorageIO.write(n == buf.length ? buf : java.util.Arrays.copyOf(buf, n), n, h[0], done);
+                if (rc != 0) return "writing " + DOCUMENT + " on the hard disk: result " + rc;
+            }
+        } finally {
+            CMT_StorageIO.close(h[0]);
         }
-        CMT_StorageJNI.CMT_StorageIO_close(h[0]);
-        return name;
+        return null;
     }
 
     private synchronized void setCopy(String s) {
@@ -789,6 +1008,7 @@ public final class ScanToEmailApp {
         s.put("jobLog", lastJobLog);
         s.put("sendHistory", lastSendHistory);
         s.put("copy", copyState);
+        s.put("copying", copying);
         s.put("sleep", sleepState);
         s.put("cover", coverStatus == 0 ? "closed" : "open (" + coverStatus + ")");
         s.put("toner", toner);

@@ -28,7 +28,7 @@ public final class Scenario {
             "  logout",
             "  press key start|stop|reset|home",
             "  choose destination <name prefix>   (first address-book match with a mail address)",
-            "  set pages <n>",
+            "  set pages <1-" + ScanToEmailApp.MAX_PAGES + ">",
             "  scan to email                      (starts it, like the start key)",
             "  fail next <operation> with <code> [times <n>]",
             "  inject job fault <code>",
@@ -37,11 +37,13 @@ public final class Scenario {
             "  toner ok|low|empty",
             "  paper tray <1|2> level <0-100>",
             "  sleep   |   wake",
-            "  copy to usb <0|1> [size <n> MB] [rate <n> MB/s]   (the last scan, or a new file of that size)",
+            "  copy to usb <0|1> [size <1-" + ScanToEmailApp.MAX_DOCUMENT_MB + "> MB] [rate <1-1000> MB/s]   (the last scan, or a document of that size)",
+            "  cancel copy",
             "  show machine   |   show box <folder>",
             "  expect event <Kind> [word ...] within <n> s",
             "  expect no event <Kind> [word ...] within <n> s",
-            "  expect user <login>   |   expect no user");
+            "  expect user <login>   |   expect no user",
+            "kinds: " + String.join(" ", EventLog.KINDS));
 
     /** One parsed line. */
     static final class Step {
@@ -78,8 +80,10 @@ public final class Scenario {
         }
     }
 
+    /** The steps of a file; every line that is not a step is named in the exception. */
     public static List<Step> parse(String name, List<String> lines) throws BadScenario {
         List<Step> steps = new ArrayList<>();
+        StringBuilder bad = new StringBuilder();
         for (int i = 0; i < lines.size(); ++i) {
             String text = lines.get(i);
             int hash = text.indexOf('#');
@@ -88,10 +92,11 @@ public final class Scenario {
             Step s = new Step(i + 1, text.trim());
             String why = check(s.w);
             if (why != null) {
-                throw new BadScenario(name + ":" + s.line + ": " + why + ": \"" + s.text + "\"\nsteps:\n" + STEPS);
+                bad.append(name).append(':').append(s.line).append(": ").append(why).append(": \"").append(s.text).append("\"\n");
             }
             steps.add(s);
         }
+        if (bad.length() > 0) throw new BadScenario(bad + "steps:\n" + STEPS);
         if (steps.isEmpty()) throw new BadScenario(name + ": no steps");
         return steps;
     }
@@ -140,19 +145,21 @@ public final class Scenario {
             case "choose":
                 return is(w, "choose", "destination") && w.length >= 3 ? null : "choose destination <name prefix>";
             case "set":
-                return is(w, "set", "pages") && w.length == 3 && w[2].matches("[1-9][0-9]{0,2}") ? null : "set pages <1-999>";
+                return is(w, "set", "pages") && w.length == 3 && w[2].matches("[1-9][0-9]?")
+                        && Integer.parseInt(w[2]) <= ScanToEmailApp.MAX_PAGES ? null : "set pages <1-" + ScanToEmailApp.MAX_PAGES + ">";
             case "scan":
                 return is(w, "scan", "to", "email") && w.length == 3 ? null : "scan to email";
             case "fail":
                 if (!is(w, "fail", "next") || w.length < 5 || !w[3].equalsIgnoreCase("with") || !code(w[4]))
                     return "fail next <operation> with <code> [times <n>]";
-                if (!w[2].matches("[A-Za-z_][A-Za-z0-9_]{0,79}")) return "an operation is a facade member name";
-                if (w.length == 5) return null;
-                return w.length == 7 && w[5].equalsIgnoreCase("times") && w[6].matches("[1-9][0-9]?") ? null
-                        : "fail next <operation> with <code> [times <1-99>]";
+                if (w.length != 5 && !(w.length == 7 && w[5].equalsIgnoreCase("times") && w[6].matches("[1-9][0-9]?"))) {
+                    return "fail next <operation> with <code> [times <1-99>]";
+                }
+                String why = DemoDevice.checkForcing(w[2], DemoDevice.parseCode(w[4]), w.length == 7 ? Integer.parseInt(w[6]) : 1);
+                return why.isEmpty() ? null : why;
             case "inject":
-                return is(w, "inject", "job", "fault") && w.length == 4 && code(w[3]) && DemoDevice.parseCode(w[3]) <= 0x7FFFFFFFL
-                        ? null : "inject job fault <code>";
+                return is(w, "inject", "job", "fault") && w.length == 4 && code(w[3]) && DemoDevice.checkFault(DemoDevice.parseCode(w[3])).isEmpty()
+                        ? null : "inject job fault <code up to 0x7FFFFFFF>";
             case "plug":
             case "unplug":
                 return is(w, first, "usb") && w.length == 3 && (w[2].equals("0") || w[2].equals("1")) ? null
@@ -167,16 +174,19 @@ public final class Scenario {
                 return is(w, "paper", "tray") && w.length == 5 && w[2].matches("[12]") && w[3].equalsIgnoreCase("level")
                         && w[4].matches("[0-9]{1,3}") && Integer.parseInt(w[4]) <= 100 ? null : "paper tray <1|2> level <0-100>";
             case "copy": {
-                if (!is(w, "copy", "to", "usb") || w.length < 4 || !w[3].matches("[01]"))
-                    return "copy to usb <0|1> [size <n> MB] [rate <n> MB/s]";
+                String form = "copy to usb <0|1> [size <1-" + ScanToEmailApp.MAX_DOCUMENT_MB + "> MB] [rate <1-1000> MB/s]";
+                if (!is(w, "copy", "to", "usb") || w.length < 4 || !w[3].matches("[01]")) return form;
                 for (int i = 4; i < w.length; i += 3) {
-                    if (i + 2 >= w.length || !num(w[i + 1])) return "copy to usb <0|1> [size <n> MB] [rate <n> MB/s]";
-                    if (w[i].equalsIgnoreCase("size") && w[i + 2].equals("MB") && Double.parseDouble(w[i + 1]) <= 1024) continue;
-                    if (w[i].equalsIgnoreCase("rate") && w[i + 2].equals("MB/s") && Double.parseDouble(w[i + 1]) > 0) continue;
-                    return "copy to usb <0|1> [size <n up to 1024> MB] [rate <n> MB/s]";
+                    if (i + 2 >= w.length || !w[i + 1].matches("[1-9][0-9]{0,3}")) return form;
+                    int n = Integer.parseInt(w[i + 1]);
+                    if (w[i].equalsIgnoreCase("size") && w[i + 2].equals("MB") && n <= ScanToEmailApp.MAX_DOCUMENT_MB) continue;
+                    if (w[i].equalsIgnoreCase("rate") && w[i + 2].equals("MB/s") && n <= 1000) continue;
+                    return form;
                 }
                 return null;
             }
+            case "cancel":
+                return is(w, "cancel", "copy") && w.length == 2 ? null : "cancel copy";
             case "show":
                 if (is(w, "show", "box")) return w.length == 3 && w[2].startsWith("/") ? null : "show box </folder>";
                 return is(w, "show", "machine") && w.length == 2 ? null : "show machine | show box </folder>";
@@ -185,6 +195,7 @@ public final class Scenario {
                 if (is(w, "expect", "no", "user")) return w.length == 3 ? null : "expect no user";
                 int k = is(w, "expect", "no", "event") ? 3 : is(w, "expect", "event") ? 2 : -1;
                 if (k < 0 || w.length < k + 4) return "expect [no] event <Kind> [word ...] within <n> s";
+                if (EventLog.kind(w[k]) == null) return "no event is of kind \"" + w[k] + "\" (kinds are listed below)";
                 return w[w.length - 3].equalsIgnoreCase("within") && num(w[w.length - 2]) && w[w.length - 1].equals("s")
                         ? null : "expect [no] event <Kind> [word ...] within <n> s";
             default:
@@ -211,9 +222,18 @@ public final class Scenario {
         long t0 = System.currentTimeMillis();
         int startSeq = app.log.lastSeq();
         cursor = startSeq;
-        app.log.watch(e -> {
+        java.util.function.Consumer<EventLog.Event> print = e -> {
             if (e.seq > startSeq) out.printf("    %7.3f s  %s%n", (e.millis - t0) / 1000.0, e);
-        });
+        };
+        app.log.watch(print);
+        try {
+            return runSteps(t0);
+        } finally {
+            app.log.unwatch(print);
+        }
+    }
+
+    private int runSteps(long t0) {
         for (Step s : steps) {
             out.printf("%s:%d  %s%n", name, s.line, s.text);
             String failure;
@@ -258,7 +278,7 @@ public final class Scenario {
                 return found[0] ? null : "no address-book entry with a mail address begins with \"" + prefix + "\"";
             }
             case "set": app.setScanPages(Integer.parseInt(w[2])); return null;
-            case "scan": app.submit(app::scanToEmail); return null;
+            case "scan": app.startScan(); return null;  // a refusal is an event the file may expect
             case "fail":
                 return rejected(device.failNext(w[2], DemoDevice.parseCode(w[4]), w.length == 7 ? Integer.parseInt(w[6]) : 1));
             case "inject": return rejected(device.jobFault(DemoDevice.parseCode(w[3])));
@@ -271,19 +291,18 @@ public final class Scenario {
             case "sleep": return rejected(device.sleep(true));
             case "wake": return rejected(device.sleep(false));
             case "copy": {
-                int drive = Integer.parseInt(w[3]);
-                long size = 0, rate = 0;
+                int mb = 0, rate = 0;
                 for (int i = 4; i + 2 < w.length; i += 3) {
-                    long v = (long) (Double.parseDouble(w[i + 1]) * 1024 * 1024);
-                    if (w[i].equalsIgnoreCase("size")) size = v; else rate = v;
+                    if (w[i].equalsIgnoreCase("size")) mb = Integer.parseInt(w[i + 1]);
+                    else rate = Integer.parseInt(w[i + 1]);
                 }
-                final long bytes = size;
-                app.setCopyRate(rate);
-                // Removable drive 0 is storage drive 2, drive 1 is storage drive 1.
-                final int storage = drive == 0 ? 2 : 1;
-                app.submit(() -> app.copyToRemovable(storage, bytes > 0 ? app.makeHardDiskFile(bytes) : ""));
+                // What the device answered (not plugged in, a copy running ...) is an event to expect.
+                app.startCopy(Integer.parseInt(w[3]), mb, rate * 1024L * 1024L);
                 return null;
             }
+            case "cancel":
+                if (!app.cancelCopy()) app.log.add("Refused", "cancel copy: no copy is running");
+                return null;
             case "show": {
                 if (is(w, "show", "box")) {
                     AtomicReference<List<String>> docs = new AtomicReference<>();
