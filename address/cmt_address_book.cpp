@@ -249,7 +249,6 @@ jobjectArray cmt_address_book::search_personal_address(jobject key) {
         if (!frame.ok()) {
             emwOSWOrgFreeMemPart(0, record);
             facade()->esv_zel_search_personal_address_list_finish(handle);
-            frame.pop();
             env->DeleteLocalRef(array);
             return nullptr;
         }

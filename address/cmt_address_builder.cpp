@@ -10,6 +10,15 @@
 
 namespace tarnwick {
 
+const jni::Member kServerInfoMembers[6] = {
+    {jni::Member::kConstructor, "<init>", "()V"},
+    {jni::Member::kField, "host", "Ljava/lang/String;"},
+    {jni::Member::kField, "path", "Ljava/lang/String;"},
+    {jni::Member::kField, "port", "I"},
+    {jni::Member::kField, "loginName", "Ljava/lang/String;"},
+    {jni::Member::kField, "password", "Ljava/lang/String;"},
+};
+
 cmt_address_builder::cmt_address_builder(const char* module, jni::JavaClass& java_class) : class_(java_class) {
     env_ = CJvm::GetJNIEnv();
     if (env_ == nullptr) {
@@ -24,7 +33,7 @@ cmt_address_builder::cmt_address_builder(const char* module, jni::JavaClass& jav
 // Releases nothing: the class belongs to its holder.
 cmt_address_builder::~cmt_address_builder() {}
 
-jclass cmt_address_builder::java_class_() const { return env_ != nullptr ? found_ : nullptr; }
+jclass cmt_address_builder::found_class() const { return env_ != nullptr ? found_ : nullptr; }
 
 jfieldID cmt_address_builder::field(std::size_t i) const { return found_ != nullptr ? class_.field(i) : nullptr; }
 

@@ -8,11 +8,13 @@
 
 #include <cstddef>
 
+#include "tovr_jni_class.h"
+
 namespace tarnwick {
 
-namespace jni {
-class JavaClass;
-}
+// The members of the FTP and of the SMB info class, which have the same fields: the
+// constructor, host, path, port, loginName and password.
+extern const jni::Member kServerInfoMembers[6];
 
 class cmt_address_builder {
 public:
@@ -34,7 +36,7 @@ protected:
     // The ID of member `i` of the class's list, or null (unset builder, missing member).
     jfieldID field(std::size_t i) const;
     // The class, or null (unset builder, class missing).
-    jclass java_class_() const;
+    jclass found_class() const;
 
     // Each sets one field when the object and the field ID exist; a failed step is described
     // and cleared, the field stays as it was. Texts go through the one field-to-string conversion.

@@ -1,21 +1,11 @@
 #include "cmt_ftp_info.h"
 
-#include "tovr_jni_class.h"
-
 namespace tarnwick {
 
 namespace {
 
 jni::JavaClass& java_class() {
-    static const jni::Member members[] = {
-        {jni::Member::kConstructor, "<init>", "()V"},
-        {jni::Member::kField, "host", "Ljava/lang/String;"},
-        {jni::Member::kField, "path", "Ljava/lang/String;"},
-        {jni::Member::kField, "port", "I"},
-        {jni::Member::kField, "loginName", "Ljava/lang/String;"},
-        {jni::Member::kField, "password", "Ljava/lang/String;"},
-    };
-    static jni::JavaClass holder("tarnwick/zel/address/attribute/FtpInfoImpl", members);
+    static jni::JavaClass holder("tarnwick/zel/address/attribute/FtpInfoImpl", kServerInfoMembers);
     return holder;
 }
 

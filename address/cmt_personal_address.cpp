@@ -42,7 +42,7 @@ void cmt_personal_address::set_field_fax(jobject obj, jobject value) { set_objec
 void cmt_personal_address::set_field_ifax(jobject obj, jobject value) { set_object(obj, ifax_, value); }
 
 jobjectArray cmt_personal_address::create_object_array(int n) {
-    jclass cls = java_class_();
+    jclass cls = found_class();
     if (cls == nullptr || n < 0) return nullptr;
     jobjectArray array = env_->NewObjectArray(n, cls, nullptr);
     if (jni::failed(env_)) return nullptr;

@@ -54,6 +54,7 @@ TOVR_VECTORL
 %typemap(javaout) uint32_t start_info { if (swigCPtr == 0) throw swigDeleted(); return $jnicall; }
 %typemap(in) uint32_t start_info %{ $1 = $input ? 1u : 0u; %}
 %typemap(out) uint32_t start_info %{ $result = (jboolean)(($1 & 0xFFu) != 0); %}
+// The records' embedded records.
 TOVR_EMBEDDED(ESV_ZEL_JOB_SEND_INFO_FTP, ftp_info)
 TOVR_EMBEDDED(ESV_ZEL_JOB_SEND_INFO_SMB, smb_info)
 TOVR_EMBEDDED(ESV_ZEL_JOB_SEND_INFO_MAIL, mail_info)

@@ -9,7 +9,7 @@
 
 #include "sim_fixture.h"
 #include "stand_in_vm.h"
-#include "tovr_sim_user.h"
+#include "tovr_sim_sample.h"
 
 #define USERW(name) Java_tarnwick_zel_wrapper_user_ZELFNDUserJNI_##name
 #define BOXW(name) Java_tarnwick_zel_wrapper_box_zel_1fnd_1document_1box_1moduleJNI_##name
@@ -29,17 +29,13 @@ void BOXW(zel_1fnd_1removable_1memory_1file_1info_1set_1field_1name)(JNIEnv*, jc
 
 namespace {
 
-const char kIdm[] = "0123456789ABCDEF";
+const char* const kIdm = tovr_sim::kSampleCard;  // alice's
 
 class CharArgument : public sim_test::SimDeviceTest {
 protected:
     void SetUp() override {
         SimDeviceTest::SetUp();
-        tovr_sim::SimUser u;
-        u.login_name = "alice";
-        u.password = "secret";
-        u.idm = kIdm;
-        tovr_sim::add_local_user(u);
+        tovr_sim::load_sample_device();
         env = vm.env();
         auth = USERW(new_1zel_1fnd_1authentication)(env, nullptr);
     }
