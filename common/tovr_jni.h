@@ -154,14 +154,24 @@ using ShortElements = ArrayElements<jshortArray, jshort, &JNIEnv::GetShortArrayE
 using IntElements = ArrayElements<jintArray, jint, &JNIEnv::GetIntArrayElements, &JNIEnv::ReleaseIntArrayElements>;
 using LongElements = ArrayElements<jlongArray, jlong, &JNIEnv::GetLongArrayElements, &JNIEnv::ReleaseLongArrayElements>;
 
-// The calling thread's environment, attaching the thread when it is not attached yet; it
-// detaches on leaving only if it attached. For code that may run on a thread the VM has not
-// seen (destructors run by whoever stops the manager).
+// The calling thread's environment for the length of a scope.
+//
+// kIfDetached (the default) attaches the thread only when the VM has not seen it, and detaches
+// it on leaving only if it attached it: for code that may run on any thread (destructors run
+// by whoever stops the manager, a class reference deleted at unload).
+// kAlways attaches with AttachCurrentThread whatever the thread's state and detaches with
+// DetachCurrentThread on leaving: a device thread attached for one notification. (A thread
+// that is inside a call from Java stays attached: the VM refuses that detach.)
+//
+// The scope keeps the VM itself, so what it detaches does not depend on the object that
+// opened it still being there.
 class AttachScope {
 public:
-    explicit AttachScope(JavaVM* vm) : vm_(vm) {
+    enum Mode { kIfDetached, kAlways };
+
+    explicit AttachScope(JavaVM* vm, Mode mode = kIfDetached) : vm_(vm) {
         if (vm_ == nullptr) return;
-        if (vm_->GetEnv(reinterpret_cast<void**>(&env_), kJniVersion) == JNI_OK) return;
+        if (mode == kIfDetached && vm_->GetEnv(reinterpret_cast<void**>(&env_), kJniVersion) == JNI_OK) return;
         env_ = nullptr;
         if (vm_->AttachCurrentThread(reinterpret_cast<void**>(&env_), nullptr) == JNI_OK) {
             attached_ = true;
@@ -171,10 +181,18 @@ public:
     }
     AttachScope(const AttachScope&) = delete;
     AttachScope& operator=(const AttachScope&) = delete;
-    ~AttachScope() {
-        if (attached_) vm_->DetachCurrentThread();
-    }
+    ~AttachScope() { detach(); }
+
+    // Null when the thread could not be attached (or there is no VM).
     JNIEnv* env() const { return env_; }
+    // Detaches now, when this scope attached the thread, and answers DetachCurrentThread's
+    // result; JNI_OK when it has nothing to detach. The environment is gone afterwards.
+    jint detach() {
+        if (!attached_) return JNI_OK;
+        attached_ = false;
+        env_ = nullptr;
+        return vm_->DetachCurrentThread();
+    }
 
 private:
     JavaVM* vm_;
@@ -242,105 +260,6 @@ jstring new_string_of_field(JNIEnv* env, const char (&field)[N]) {
     text[N] = '\0';
     return env->NewStringUTF(text);
 }
-
-// ---------------------------------------------------------------------------------------------
-// Observers of the facades. A facade delivers each notification on a thread of its own, which
-// the observer attaches for that notification alone and detaches at its end.
-
-// Attaches the calling thread; its environment lands in *env. False without a VM.
-inline bool attach_thread(JavaVM* vm, JNIEnv** env) {
-    if (vm == nullptr) return false;
-    return vm->AttachCurrentThread(reinterpret_cast<void**>(env), nullptr) == JNI_OK;
-}
-
-// Attaches the calling thread and answers its environment (null when that fails). The
-// environment lands in a local first and is then stored in *member, the one environment member
-// the observer keeps; a notification of the same observer on another facade thread may overwrite
-// that member at any moment, so a notification works only with the value answered here.
-inline JNIEnv* attach_thread_env(JavaVM* vm, JNIEnv** member) {
-    JNIEnv* env = nullptr;
-    if (!attach_thread(vm, &env)) return nullptr;
-    *member = env;
-    return env;
-}
-
-inline jint detach_thread(JavaVM* vm) {
-    if (vm == nullptr) return JNI_ERR;
-    return vm->DetachCurrentThread();
-}
-
-// The calling thread's environment, attaching the thread when the VM has not seen it (it then
-// stays attached; the caller detaches). An observer's destructor runs on the thread that stops
-// the manager, not on the facade thread whose environment it kept from its last notification
-// (that one has detached since), so it must not use the kept environment.
-inline JNIEnv* calling_thread_env(JavaVM* vm) {
-    if (vm == nullptr) return nullptr;
-    JNIEnv* env = nullptr;
-    if (vm->GetEnv(reinterpret_cast<void**>(&env), kJniVersion) == JNI_OK) return env;
-    if (vm->AttachCurrentThread(reinterpret_cast<void**>(&env), nullptr) == JNI_OK) return env;
-    return nullptr;
-}
-
-// One static method an observer keeps: looked up on `owner`, its ID stored in *id.
-struct StaticMethod {
-    const GlobalClass* owner;
-    const char* name;
-    const char* signature;
-    jmethodID* id;
-};
-
-// Looks the methods up in their order. The first one missing (described and cleared) ends the
-// lookups and leaves the IDs after it unset: an observer is registered all the same and its
-// notifications then use what was found. True when all were found.
-template <std::size_t N>
-bool lookup_static_methods(JNIEnv* env, const StaticMethod (&methods)[N]) {
-    for (const StaticMethod& m : methods) {
-        *m.id = env->GetStaticMethodID(m.owner->get(), m.name, m.signature);
-        if (*m.id == nullptr) {
-            failed(env);
-            return false;
-        }
-    }
-    return true;
-}
-
-// One notification of an observer. The scope attaches the delivering thread through the
-// observer's thread_attach() and, when that succeeded, detaches it through thread_detach() as
-// it ends, after the local references made inside it are gone.
-//
-// fail() is the one way out after a failed Java step: the pending exception, if any, is
-// described and cleared and the observer's failure code is returned to the facade. A step
-// with a message of its own traces it (level 0) just before:
-//
-//     if (mid == nullptr) {
-//         CMT_TRACE(kTraceError, "...");
-//         return call.fail();
-//     }
-template <typename Observer, typename Code>
-class Notification {
-public:
-    // The observer's thread_attach() answers the delivering thread's environment (null when the
-    // attach failed); the notification uses that value, never the observer's member.
-    Notification(Observer& observer, Code failure)
-        : observer_(observer), failure_(failure), env_(observer.thread_attach()) {}
-    Notification(const Notification&) = delete;
-    Notification& operator=(const Notification&) = delete;
-    ~Notification() {
-        if (env_ != nullptr) observer_.thread_detach();
-    }
-
-    bool attached() const { return env_ != nullptr; }
-    JNIEnv* env() const { return env_; }
-    Code fail() const {
-        failed(env_);
-        return failure_;
-    }
-
-private:
-    Observer& observer_;
-    Code failure_;
-    JNIEnv* const env_;
-};
 
 }  // namespace jni
 }  // namespace tarnwick

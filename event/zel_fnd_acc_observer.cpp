@@ -1,11 +1,11 @@
 // Access-control observer.
 #include "zel_fnd_acc_observer.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <vector>
 
-#include "CJvm.h"
 #include "cmt_trace.h"
 #include "emw_osw_mem.h"
 #include "zel_fnd_card_data.h"
@@ -21,59 +21,67 @@ jbyte card_type_bits(std::uint32_t type) {
     return type >= 1 && type <= 6 ? static_cast<jbyte>(1u << (type - 1)) : 0;
 }
 
+enum ICCardInfoMember : std::size_t { kCardInfoInit, kSetCardId, kSetCardType, kSetSystemData };
+
+jni::JavaClass& iccard_info_class() {
+    static const jni::Member members[] = {
+        {jni::Member::kConstructor, "<init>", "()V"},
+        {jni::Member::kMethod, "setCardId", "(Ljava/lang/String;)V"},
+        {jni::Member::kMethod, "setCardType", "(B)V"},
+        {jni::Member::kMethod, "setSystemData", "([Ltarnwick/zel/controller/event/device/SystemData;)V"},
+    };
+    static jni::JavaClass holder("tarnwick/zel/controller/event/device/ICCardInfo", members);
+    return holder;
+}
+
+enum SystemDataMember : std::size_t { kSystemDataInit, kSetSystemCode, kSetServiceCode, kSetBlockData };
+
+jni::JavaClass& system_data_class() {
+    static const jni::Member members[] = {
+        {jni::Member::kConstructor, "<init>", "()V"},
+        {jni::Member::kMethod, "setSystemCode", "(I)V"},
+        {jni::Member::kMethod, "setServiceCode", "([I)V"},
+        {jni::Member::kMethod, "setBlockData", "([[B)V"},
+    };
+    static jni::JavaClass holder("tarnwick/zel/controller/event/device/SystemData", members);
+    return holder;
+}
+
+// byte[], the element class of a service's block data.
+jni::JavaClass& byte_array_class() {
+    static jni::JavaClass holder("[B", nullptr, 0);
+    return holder;
+}
+
+// Member `i` of `cls`, as the step that would have looked it up: null, after tracing `missing`,
+// when the class has none such.
+jmethodID card_method(const jni::JavaClass& cls, std::size_t i, const char* missing) {
+    const jmethodID mid = cls.method(i);
+    if (mid == nullptr) CMT_TRACE_OP(kTraceError, "notify_iccard_detect", "%s", missing);
+    return mid;
+}
+
 }  // namespace
 
-zel_fnd_acc_observer::zel_fnd_acc_observer()
-    : vm_(nullptr),
-      jnienv_(nullptr),
-      mid_iccard_(nullptr),
-      mid_iccard_error_(nullptr),
-      mid_iccard_device_(nullptr) {}
-
-zel_fnd_acc_observer::~zel_fnd_acc_observer() {
-    if (vm_ == nullptr) return;
-    JNIEnv* env = jni::calling_thread_env(vm_);
-    jcls_acc_proxy_.reset(env);
-    jcls_iccard_info_.reset(env);
-    jcls_system_data_.reset(env);
-    thread_detach();
-}
-
 int zel_fnd_acc_observer::init() {
-    jsize count = 0;
-    jint rc = JNI_GetCreatedJavaVMs(&vm_, 1, &count);
-    if (rc != JNI_OK) return rc;
-    JNIEnv* const env = thread_attach();
-    if (env == nullptr) return 0;
-    if (jcls_acc_proxy_.find(env, "tarnwick/zel/controller/event/proxy/AccProxy") &&
-        jcls_iccard_info_.find(env, "tarnwick/zel/controller/event/device/ICCardInfo") &&
-        jcls_system_data_.find(env, "tarnwick/zel/controller/event/device/SystemData")) {
-        const jni::StaticMethod methods[] = {
-            {&jcls_acc_proxy_, "fireICCardEvent", "(Ltarnwick/zel/controller/event/device/ICCardInfo;)V", &mid_iccard_},
-            {&jcls_acc_proxy_, "fireICCardErrorEvent", "(I)V", &mid_iccard_error_},
-            {&jcls_acc_proxy_, "fireICCardDeviceEvent", "(IIZB)V", &mid_iccard_device_},
-        };
-        jni::lookup_static_methods(env, methods);
-    }
-    return thread_detach();
+    return start({"tarnwick/zel/controller/event/proxy/AccProxy"}, {&iccard_info_class(), &system_data_class()},
+                 {{0, "fireICCardEvent", "(Ltarnwick/zel/controller/event/device/ICCardInfo;)V", &mid_iccard_},
+                  {0, "fireICCardErrorEvent", "(I)V", &mid_iccard_error_},
+                  {0, "fireICCardDeviceEvent", "(IIZB)V", &mid_iccard_device_}});
 }
-
-JNIEnv* zel_fnd_acc_observer::thread_attach() { return jni::attach_thread_env(vm_, &jnienv_); }
-
-int zel_fnd_acc_observer::thread_detach() { return jni::detach_thread(vm_); }
 
 // Every failure: one error trace, then call.fail() (the pending exception, if any, described
 // and cleared) and the thread detaches as the notification's scope ends.
 
 int zel_fnd_acc_observer::notify_iccard_state_change_info(ESV_ZEL_ACC_ICCARD_STATE_CHANGE_INFO& info) {
-    jni::Notification call(*this, kFailure);
+    Notification call(*this, kFailure);
     if (!call.attached()) return kFailure;
     JNIEnv* const env = call.env();
     CMT_TRACE(kTraceFlow, "[Start]");
-    env->CallStaticVoidMethod(jcls_acc_proxy_.get(), mid_iccard_device_, static_cast<jint>(info.vendor_id),
-                                  static_cast<jint>(info.product_id),
-                                  static_cast<jboolean>(info.state == 1 ? JNI_TRUE : JNI_FALSE),
-                                  static_cast<jbyte>(info.card_types));
+    env->CallStaticVoidMethod(proxy(0), mid_iccard_device_, static_cast<jint>(info.vendor_id),
+                              static_cast<jint>(info.product_id),
+                              static_cast<jboolean>(info.state == 1 ? JNI_TRUE : JNI_FALSE),
+                              static_cast<jbyte>(info.card_types));
     if (jni::pending(env)) {
         CMT_TRACE(kTraceError, "AccProxy.fireICCardDeviceEvent() threw");
         return call.fail();
@@ -83,11 +91,11 @@ int zel_fnd_acc_observer::notify_iccard_state_change_info(ESV_ZEL_ACC_ICCARD_STA
 }
 
 int zel_fnd_acc_observer::notify_iccard_read_error(int code) {
-    jni::Notification call(*this, kFailure);
+    Notification call(*this, kFailure);
     if (!call.attached()) return kFailure;
     JNIEnv* const env = call.env();
     CMT_TRACE(kTraceFlow, "[Enter]");
-    env->CallStaticVoidMethod(jcls_acc_proxy_.get(), mid_iccard_error_, static_cast<jint>(code));
+    env->CallStaticVoidMethod(proxy(0), mid_iccard_error_, static_cast<jint>(code));
     if (jni::pending(env)) {
         CMT_TRACE(kTraceError, "AccProxy.fireICCardErrorEvent() threw");
         return call.fail();
@@ -97,29 +105,25 @@ int zel_fnd_acc_observer::notify_iccard_read_error(int code) {
 }
 
 int zel_fnd_acc_observer::notify_iccard_detect(ESV_ZEL_ACC_ICCARD_INFO& card_info) {
-    jni::Notification call(*this, kFailure);
+    Notification call(*this, kFailure);
     if (!call.attached()) return kFailure;
     JNIEnv* const env = call.env();
     CMT_TRACE(kTraceFlow, "[Start]");
-    const jclass iccard_info = jcls_iccard_info_.get();
-    const jclass system_data = jcls_system_data_.get();
+    jni::JavaClass& card_class = iccard_info_class();
+    const jclass iccard_info = card_class.get(env);
 
-    jmethodID mid = env->GetMethodID(iccard_info, "<init>", "()V");
-    if (mid == nullptr) {
-        CMT_TRACE(kTraceError, "jnienv_->GetMethodID(jcls_iccard_info_, <init>, ()V) mid = 0");
-        return call.fail();
-    }
+    jmethodID mid =
+        card_method(card_class, kCardInfoInit, "jnienv_->GetMethodID(jcls_iccard_info_, <init>, ()V) mid = 0");
+    if (mid == nullptr) return call.fail();
     jni::LocalRef<jobject> obj_iccard_info(env, env->NewObject(iccard_info, mid));
     if (!obj_iccard_info) {
         CMT_TRACE(kTraceError, "jnienv_->NewObject(jcls_iccard_info_, mid) obj = NULL");
         return call.fail();
     }
 
-    mid = env->GetMethodID(iccard_info, "setCardId", "(Ljava/lang/String;)V");
-    if (mid == nullptr) {
-        CMT_TRACE(kTraceError, "jnienv_->GetMethodID(jcls_iccard_info_, setCardId, (Ljava/lang/String;)V) mid = 0");
-        return call.fail();
-    }
+    mid = card_method(card_class, kSetCardId,
+                      "jnienv_->GetMethodID(jcls_iccard_info_, setCardId, (Ljava/lang/String;)V) mid = 0");
+    if (mid == nullptr) return call.fail();
     jni::LocalRef<jstring> jstr_card_id(env, jni::new_string_of_field(env, card_info.card_id));
     if (!jstr_card_id) {
         CMT_TRACE(kTraceError, "jnienv_->NewStringUTF(card_info.card_id) obj = NULL");
@@ -131,21 +135,20 @@ int zel_fnd_acc_observer::notify_iccard_detect(ESV_ZEL_ACC_ICCARD_INFO& card_inf
         return call.fail();
     }
 
-    mid = env->GetMethodID(iccard_info, "setCardType", "(B)V");
-    if (mid == nullptr) {
-        CMT_TRACE(kTraceError, "jnienv_->GetMethodID(jcls_iccard_info_, setCardType, (B)V) mid = 0");
-        return call.fail();
-    }
+    mid = card_method(card_class, kSetCardType, "jnienv_->GetMethodID(jcls_iccard_info_, setCardType, (B)V) mid = 0");
+    if (mid == nullptr) return call.fail();
     env->CallVoidMethod(obj_iccard_info.get(), mid, card_type_bits(card_info.card_type));
     if (jni::pending(env)) {
         CMT_TRACE(kTraceError, "ICCardInfo.setCardType() threw");
         return call.fail();
     }
 
+    jni::JavaClass& data_class = system_data_class();
+    const jclass system_data = data_class.get(env);
     jni::LocalRef<jobjectArray> jarr_system_data;
     if (card_info.card_data_size == 0) {
         CMT_TRACE(kTraceFlow, "card_info.card_data_size = 0");
-        jarr_system_data.reset(env, env->NewObjectArray(0, system_data, nullptr));
+        if (system_data != nullptr) jarr_system_data.reset(env, env->NewObjectArray(0, system_data, nullptr));
         if (!jarr_system_data) {
             CMT_TRACE(kTraceError, "jnienv_->NewObjectArray(0, jcls_system_data_, NULL) obj = NULL");
             return call.fail();
@@ -179,28 +182,20 @@ int zel_fnd_acc_observer::notify_iccard_detect(ESV_ZEL_ACC_ICCARD_INFO& card_inf
             return call.fail();
         }
 
-        jmethodID mid_system_data_constructor = env->GetMethodID(system_data, "<init>", "()V");
-        if (mid_system_data_constructor == nullptr) {
-            CMT_TRACE(kTraceError, "jnienv_->GetMethodID(jcls_system_data_, <init>, ()V) mid = 0");
-            return call.fail();
-        }
-        jmethodID mid_set_system_code = env->GetMethodID(system_data, "setSystemCode", "(I)V");
-        if (mid_set_system_code == nullptr) {
-            CMT_TRACE(kTraceError, "jnienv_->GetMethodID(jcls_system_data_, setSystemCode, (I)V) mid = 0");
-            return call.fail();
-        }
-        jmethodID mid_set_service_code = env->GetMethodID(system_data, "setServiceCode", "([I)V");
-        if (mid_set_service_code == nullptr) {
-            CMT_TRACE(kTraceError, "jnienv_->GetMethodID(jcls_system_data_, setServiceCode, ([I)V) mid = 0");
-            return call.fail();
-        }
-        jmethodID mid_set_block_data = env->GetMethodID(system_data, "setBlockData", "([[B)V");
-        if (mid_set_block_data == nullptr) {
-            CMT_TRACE(kTraceError, "jnienv_->GetMethodID(jcls_system_data_, setBlockData, ([[B)V) mid = 0");
-            return call.fail();
-        }
-        jni::LocalRef<jclass> jcls_byte(env, env->FindClass("[B"));
-        if (!jcls_byte) {
+        const jmethodID mid_system_data_constructor = card_method(
+            data_class, kSystemDataInit, "jnienv_->GetMethodID(jcls_system_data_, <init>, ()V) mid = 0");
+        if (mid_system_data_constructor == nullptr) return call.fail();
+        const jmethodID mid_set_system_code = card_method(
+            data_class, kSetSystemCode, "jnienv_->GetMethodID(jcls_system_data_, setSystemCode, (I)V) mid = 0");
+        if (mid_set_system_code == nullptr) return call.fail();
+        const jmethodID mid_set_service_code = card_method(
+            data_class, kSetServiceCode, "jnienv_->GetMethodID(jcls_system_data_, setServiceCode, ([I)V) mid = 0");
+        if (mid_set_service_code == nullptr) return call.fail();
+        const jmethodID mid_set_block_data = card_method(
+            data_class, kSetBlockData, "jnienv_->GetMethodID(jcls_system_data_, setBlockData, ([[B)V) mid = 0");
+        if (mid_set_block_data == nullptr) return call.fail();
+        const jclass jcls_byte = byte_array_class().get(env);
+        if (jcls_byte == nullptr) {
             CMT_TRACE(kTraceError, "jnienv_->FindClass([B) jcls_byte = 0");
             return call.fail();
         }
@@ -243,7 +238,7 @@ int zel_fnd_acc_observer::notify_iccard_detect(ESV_ZEL_ACC_ICCARD_INFO& card_inf
                 return call.fail();
             }
             jni::LocalRef<jobjectArray> jarr_block_data(env,
-                                                        env->NewObjectArray(service_num, jcls_byte.get(), nullptr));
+                                                        env->NewObjectArray(service_num, jcls_byte, nullptr));
             if (!jarr_block_data) {
                 CMT_TRACE(kTraceError, "jnienv_->NewObjectArray((jsize)service_num, jcls_byte, NULL) obj = NULL");
                 return call.fail();
@@ -289,19 +284,18 @@ int zel_fnd_acc_observer::notify_iccard_detect(ESV_ZEL_ACC_ICCARD_INFO& card_inf
         }
     }
 
-    mid = env->GetMethodID(iccard_info, "setSystemData", "([Ltarnwick/zel/controller/event/device/SystemData;)V");
-    if (mid == nullptr) {
-        CMT_TRACE(kTraceError, "jnienv_->GetMethodID(jcls_iccard_info_, setSystemData, "
-                               "([Ltarnwick/zel/controller/event/device/SystemData;)V) mid = 0");
-        return call.fail();
-    }
+    mid = card_method(card_class, kSetSystemData,
+                      "jnienv_->GetMethodID(jcls_iccard_info_, setSystemData, "
+                      "([Ltarnwick/zel/controller/event/device/SystemData;)V) mid = 0");
+    if (mid == nullptr) return call.fail();
     env->CallVoidMethod(obj_iccard_info.get(), mid, jarr_system_data.get());
     if (jni::pending(env)) {
         CMT_TRACE(kTraceError, "ICCardInfo.setSystemData() threw");
         return call.fail();
     }
 
-    env->CallStaticVoidMethod(jcls_acc_proxy_.get(), mid_iccard_, obj_iccard_info.get());
+    // The last use of the observer: the listeners may stop the manager.
+    env->CallStaticVoidMethod(proxy(0), mid_iccard_, obj_iccard_info.get());
     if (jni::pending(env)) {
         CMT_TRACE(kTraceError, "AccProxy.fireICCardEvent() threw");
         return call.fail();

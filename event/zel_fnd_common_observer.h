@@ -5,26 +5,23 @@
 
 #include <jni.h>
 
+#include <cstddef>
+
 #include "esv_zel_common_facade.h"
-#include "tovr_jni.h"
+#include "zel_fnd_observer.h"
 
 namespace tarnwick {
 
-class zel_fnd_common_observer : public esv_zel_common_observer {
+class zel_fnd_common_observer : public esv_zel_common_observer, private zel_fnd_observer {
 public:
     // Answer to the facade when the delivering thread cannot be attached.
     static constexpr unsigned long kAttachFailure = 0x04010207;
     // Answer when Java refuses to prepare an activation.
     static constexpr unsigned long kPrepareRefused = 0x04010206;
 
-    zel_fnd_common_observer();
-    virtual ~zel_fnd_common_observer();
+    zel_fnd_common_observer() = default;
 
     int init();
-    // The delivering thread's environment (null when it cannot be attached); also kept in
-    // the environment member.
-    JNIEnv* thread_attach();
-    int thread_detach();
 
     unsigned long notify_key_card_status(unsigned char status) override;
     unsigned long notify_key_counter_status(unsigned int status) override;
@@ -43,34 +40,29 @@ public:
     unsigned long request_activate(ESV_ZEL_KIND_OF_SCENARIO scenario, unsigned int value) override;
 
 private:
-    zel_fnd_common_observer(const zel_fnd_common_observer&) = delete;
-    zel_fnd_common_observer& operator=(const zel_fnd_common_observer&) = delete;
+    // The proxy classes, in the order init() finds them.
+    enum Proxy : std::size_t { kCommonProxy, kSynchronousProxy };
 
     // The shape of every notification that only forwards to a static void method: attach,
     // "[Start]" (with the status when one is given), call, "[End]", detach.
     template <typename... Args>
-    unsigned long forward(const char* operation, const int* status, const jni::GlobalClass& cls, jmethodID method,
-                          Args... args);
+    unsigned long forward(const char* operation, const int* status, Proxy cls, jmethodID method, Args... args);
 
-    JavaVM* vm_;
-    JNIEnv* jnienv_;
-    jni::GlobalClass jcls_common_proxy_;
-    jni::GlobalClass jcls_synchronous_proxy_;
-    jmethodID mid_system_restart_;
-    jmethodID mid_network_restart_;
-    jmethodID mid_logout_;
-    jmethodID mid_communication_error_;
-    jmethodID mid_sleep_;
-    jmethodID mid_completed_activation_;
-    jmethodID mid_prepare_activation_;
-    jmethodID mid_usb_device_;
-    jmethodID mid_coin_vendor_;
-    jmethodID mid_toner_level_;
-    jmethodID mid_paper_source_level_;
-    jmethodID mid_cover_;
-    jmethodID mid_waste_toner_;
-    jmethodID mid_resident_apps_;
-    jmethodID mid_key_device_;
+    jmethodID mid_system_restart_ = nullptr;
+    jmethodID mid_network_restart_ = nullptr;
+    jmethodID mid_logout_ = nullptr;
+    jmethodID mid_communication_error_ = nullptr;
+    jmethodID mid_sleep_ = nullptr;
+    jmethodID mid_completed_activation_ = nullptr;
+    jmethodID mid_prepare_activation_ = nullptr;
+    jmethodID mid_usb_device_ = nullptr;
+    jmethodID mid_coin_vendor_ = nullptr;
+    jmethodID mid_toner_level_ = nullptr;
+    jmethodID mid_paper_source_level_ = nullptr;
+    jmethodID mid_cover_ = nullptr;
+    jmethodID mid_waste_toner_ = nullptr;
+    jmethodID mid_resident_apps_ = nullptr;
+    jmethodID mid_key_device_ = nullptr;
 };
 
 }  // namespace tarnwick

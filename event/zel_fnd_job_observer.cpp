@@ -1,7 +1,8 @@
 // Job observer.
 #include "zel_fnd_job_observer.h"
 
-#include "CJvm.h"
+#include <cstddef>
+
 #include "cmt_trace.h"
 
 #define CMT_TRACE_MODULE "zel_fnd_job_observer"
@@ -10,55 +11,64 @@ namespace tarnwick {
 
 namespace {
 
-const char kJobProxy[] = "tarnwick/zel/controller/event/proxy/JobProxy";
-const char kJob[] = "tarnwick/zel/controller/event/job/Job";
-const char kJobState[] = "tarnwick/zel/controller/event/job/JobState";
 const char kJobStateSignature[] = "Ltarnwick/zel/controller/event/job/JobState;";
+
+// The JobState constants a state change reads.
+enum JobStateConstant : std::size_t { kStart, kComplete, kCancel, kError, kScanComplete };
+
+jni::JavaClass& job_state_class() {
+    static const jni::Member members[] = {
+        {jni::Member::kStaticField, "START", kJobStateSignature},
+        {jni::Member::kStaticField, "COMPLETE", kJobStateSignature},
+        {jni::Member::kStaticField, "CANCEL", kJobStateSignature},
+        {jni::Member::kStaticField, "ERROR", kJobStateSignature},
+        {jni::Member::kStaticField, "SCAN_COMPLETE", kJobStateSignature},
+    };
+    static jni::JavaClass holder("tarnwick/zel/controller/event/job/JobState", members);
+    return holder;
+}
+
+// The Job members a state change calls, in the order it calls them.
+enum JobMember : std::size_t { kJobInit, kSetJobid, kSetState, kSetJobMode, kSetUserName, kSetIndev, kSetOutdev };
+
+jni::JavaClass& job_class() {
+    static const jni::Member members[] = {
+        {jni::Member::kConstructor, "<init>", "()V"},
+        {jni::Member::kMethod, "setJobid", "(I)V"},
+        {jni::Member::kMethod, "setState", "(Ltarnwick/zel/controller/event/job/JobState;)V"},
+        {jni::Member::kMethod, "setJobMode", "(I)V"},
+        {jni::Member::kMethod, "setUserName", "(Ljava/lang/String;)V"},
+        {jni::Member::kMethod, "setIndev", "(I)V"},
+        {jni::Member::kMethod, "setOutdev", "(I)V"},
+    };
+    static jni::JavaClass holder("tarnwick/zel/controller/event/job/Job", members);
+    return holder;
+}
+
+// Job member `m`, as the step that would have looked it up: null, after tracing `missing`,
+// when the class has none such.
+jmethodID job_method(JobMember m, const char* missing) {
+    const jmethodID mid = job_class().method(m);
+    if (mid == nullptr) CMT_TRACE_OP(kTraceError, "notify_job_state_changed", "%s", missing);
+    return mid;
+}
+
+// Job setter `m` called on `job` with `value`; false when it is missing or threw.
+bool set_job(JNIEnv* env, jobject job, JobMember m, jvalue value, const char* missing) {
+    const jmethodID mid = job_method(m, missing);
+    return mid != nullptr && call_setter(env, job, mid, value);
+}
 
 }  // namespace
 
-zel_fnd_job_observer::zel_fnd_job_observer()
-    : vm_(nullptr),
-      jnienv_(nullptr),
-      mid_job_state_changed_(nullptr),
-      mid_scan_count_(nullptr),
-      mid_start_prohibition_(nullptr),
-      mid_comb_constraint_(nullptr),
-      mid_panel_message_update_(nullptr) {}
-
-zel_fnd_job_observer::~zel_fnd_job_observer() {
-    if (vm_ == nullptr) return;
-    JNIEnv* env = jni::calling_thread_env(vm_);
-    jcls_job_proxy_.reset(env);
-    jcls_job_.reset(env);
-    jcls_job_state_.reset(env);
-    thread_detach();
-}
-
 int zel_fnd_job_observer::init() {
-    jsize count = 0;
-    jint rc = JNI_GetCreatedJavaVMs(&vm_, 1, &count);
-    if (rc != JNI_OK) return rc;
-    // A failed attach is reported as success; the observer is registered all the same.
-    JNIEnv* const env = thread_attach();
-    if (env == nullptr) return 0;
-    if (jcls_job_proxy_.find(env, kJobProxy) && jcls_job_.find(env, kJob) &&
-        jcls_job_state_.find(env, kJobState)) {
-        const jni::StaticMethod methods[] = {
-            {&jcls_job_proxy_, "fireJobStateChangedEvent", "(Ltarnwick/zel/controller/event/job/Job;)V", &mid_job_state_changed_},
-            {&jcls_job_proxy_, "fireScanCountEvent", "(JJ)V", &mid_scan_count_},
-            {&jcls_job_proxy_, "fireStartProhibitionEvent", "(J)V", &mid_start_prohibition_},
-            {&jcls_job_proxy_, "fireCombConstraintEvent", "(J)V", &mid_comb_constraint_},
-            {&jcls_job_proxy_, "firePanelMessageUpdateEvent", "(J)V", &mid_panel_message_update_},
-        };
-        jni::lookup_static_methods(env, methods);
-    }
-    return thread_detach();
+    return start({"tarnwick/zel/controller/event/proxy/JobProxy"}, {&job_class(), &job_state_class()},
+                 {{0, "fireJobStateChangedEvent", "(Ltarnwick/zel/controller/event/job/Job;)V", &mid_job_state_changed_},
+                  {0, "fireScanCountEvent", "(JJ)V", &mid_scan_count_},
+                  {0, "fireStartProhibitionEvent", "(J)V", &mid_start_prohibition_},
+                  {0, "fireCombConstraintEvent", "(J)V", &mid_comb_constraint_},
+                  {0, "firePanelMessageUpdateEvent", "(J)V", &mid_panel_message_update_}});
 }
-
-JNIEnv* zel_fnd_job_observer::thread_attach() { return jni::attach_thread_env(vm_, &jnienv_); }
-
-int zel_fnd_job_observer::thread_detach() { return jni::detach_thread(vm_); }
 
 // A failed Java step ends the notification with call.fail() (the exception, if any, described
 // and cleared; the thread detaches as the scope ends). Failed lookups and conversions trace
@@ -67,14 +77,14 @@ int zel_fnd_job_observer::thread_detach() { return jni::detach_thread(vm_); }
 
 long zel_fnd_job_observer::fire_simple(const char* operation, jmethodID method, jlong first, jlong second,
                                        int count) {
-    jni::Notification call(*this, kFailure);
+    Notification call(*this, kFailure);
     if (!call.attached()) return kFailure;
     JNIEnv* const env = call.env();
     CMT_TRACE_OP(kTraceFlow, operation, "[Start]");
     if (count == 2) {
-        env->CallStaticVoidMethod(jcls_job_proxy_.get(), method, first, second);
+        env->CallStaticVoidMethod(proxy(0), method, first, second);
     } else {
-        env->CallStaticVoidMethod(jcls_job_proxy_.get(), method, first);
+        env->CallStaticVoidMethod(proxy(0), method, first);
     }
     if (jni::pending(env)) return call.fail();
     CMT_TRACE_OP(kTraceFlow, operation, "[End]");
@@ -103,26 +113,26 @@ long zel_fnd_job_observer::notify_phb_info(unsigned int, ESV_ZEL_PHB_INFO&) { re
 long zel_fnd_job_observer::notify_message_info(unsigned int, ESV_ZEL_PHB_GET_MESSAGE&) { return 0; }
 
 long zel_fnd_job_observer::notify_job_state_changed(ESV_ZEL_JOB_STATE state) {
-    jni::Notification call(*this, kFailure);
+    Notification call(*this, kFailure);
     if (!call.attached()) return kFailure;
     JNIEnv* const env = call.env();
     CMT_TRACE(kTraceFlow, "[Start]");
 
-    const char* name = nullptr;
+    JobStateConstant constant;
     switch (state.state) {
     case 0:
-        name = "START";
+        constant = kStart;
         break;
     case 1:
         switch (state.result) {
         case 0:
-            name = "COMPLETE";
+            constant = kComplete;
             break;
         case 1:
-            name = "CANCEL";
+            constant = kCancel;
             break;
         case 2:
-            name = "ERROR";
+            constant = kError;
             break;
         default:
             CMT_TRACE(kTraceFlow, "[End]. unknown job result. result = [%d]", state.result);
@@ -130,7 +140,7 @@ long zel_fnd_job_observer::notify_job_state_changed(ESV_ZEL_JOB_STATE state) {
         }
         break;
     case 2:
-        name = "SCAN_COMPLETE";
+        constant = kScanComplete;
         break;
     case 3:
         // Reservations are not reported to Java.
@@ -141,82 +151,50 @@ long zel_fnd_job_observer::notify_job_state_changed(ESV_ZEL_JOB_STATE state) {
         return 0;
     }
 
-    const jclass job_class = jcls_job_.get();
-    const jclass job_state_class = jcls_job_state_.get();
-    jfieldID field = env->GetStaticFieldID(job_state_class, name, kJobStateSignature);
-    jni::LocalRef<jobject> jobstate(
-        env, field != nullptr ? env->GetStaticObjectField(job_state_class, field) : nullptr);
+    const jclass job_state = job_state_class().get(env);
+    const jfieldID field = job_state_class().field(constant);
+    jni::LocalRef<jobject> jobstate(env, field != nullptr ? env->GetStaticObjectField(job_state, field) : nullptr);
     if (!jobstate) {
         CMT_TRACE(kTraceError, "[End]. jnienv_->GetStaticObjectField(jcls_job_state_, field) jobstate = NULL");
         return call.fail();
     }
 
-    jmethodID mid = env->GetMethodID(job_class, "<init>", "()V");
-    if (mid == nullptr) {
-        CMT_TRACE(kTraceError, "jnienv_->GetMethodID(jcls_job_, <init>, ()V) mid = 0");
-        return call.fail();
-    }
-    jni::LocalRef<jobject> job(env, env->NewObject(job_class, mid));
+    const jclass job_cls = job_class().get(env);
+    const jmethodID init = job_method(kJobInit, "jnienv_->GetMethodID(jcls_job_, <init>, ()V) mid = 0");
+    if (init == nullptr) return call.fail();
+    jni::LocalRef<jobject> job(env, env->NewObject(job_cls, init));
     if (!job) {
         CMT_TRACE(kTraceError, "jnienv_->NewObject(jcls_job_, mid) obj = NULL");
         return call.fail();
     }
 
-    mid = env->GetMethodID(job_class, "setJobid", "(I)V");
-    if (mid == nullptr) {
-        CMT_TRACE(kTraceError, "jnienv_->GetMethodID(jcls_job_, setJobid, (I)V) mid = 0");
+    if (!set_job(env, job.get(), kSetJobid, java_value(static_cast<jint>(state.user_job_id)),
+                 "jnienv_->GetMethodID(jcls_job_, setJobid, (I)V) mid = 0") ||
+        !set_job(env, job.get(), kSetState, java_value(jobstate.get()),
+                 "jnienv_->GetMethodID(jcls_job_, setState, (Ltarnwick/zel/controller/event/job/JobState;)V) mid = 0") ||
+        !set_job(env, job.get(), kSetJobMode, java_value(static_cast<jint>(state.job_mode)),
+                 " jnienv_->GetMethodID(jcls_job_, setJobMode, (I)V) mid = 0")) {
         return call.fail();
     }
-    env->CallVoidMethod(job.get(), mid, static_cast<jint>(state.user_job_id));
-    if (jni::pending(env)) return call.fail();
 
-    mid = env->GetMethodID(job_class, "setState", "(Ltarnwick/zel/controller/event/job/JobState;)V");
-    if (mid == nullptr) {
-        CMT_TRACE(kTraceError,
-                  "jnienv_->GetMethodID(jcls_job_, setState, (Ltarnwick/zel/controller/event/job/JobState;)V) mid = 0");
-        return call.fail();
-    }
-    env->CallVoidMethod(job.get(), mid, jobstate.get());
-    if (jni::pending(env)) return call.fail();
-
-    mid = env->GetMethodID(job_class, "setJobMode", "(I)V");
-    if (mid == nullptr) {
-        CMT_TRACE(kTraceError, " jnienv_->GetMethodID(jcls_job_, setJobMode, (I)V) mid = 0");
-        return call.fail();
-    }
-    env->CallVoidMethod(job.get(), mid, static_cast<jint>(state.job_mode));
-    if (jni::pending(env)) return call.fail();
-
-    mid = env->GetMethodID(job_class, "setUserName", "(Ljava/lang/String;)V");
-    if (mid == nullptr) {
-        CMT_TRACE(kTraceError, "jnienv_->GetMethodID(jcls_job_, setUserName, (Ljava/lang/String;)V) mid = 0");
-        return call.fail();
-    }
+    const jmethodID set_user_name =
+        job_method(kSetUserName, "jnienv_->GetMethodID(jcls_job_, setUserName, (Ljava/lang/String;)V) mid = 0");
+    if (set_user_name == nullptr) return call.fail();
     jni::LocalRef<jstring> juser_name(env, jni::new_string_of_field(env, state.user_name));
     if (!juser_name) {
         CMT_TRACE(kTraceError, "jnienv_->NewStringUTF(state.user_name) obj = NULL");
         return call.fail();
     }
-    env->CallVoidMethod(job.get(), mid, juser_name.get());
-    if (jni::pending(env)) return call.fail();
-
-    mid = env->GetMethodID(job_class, "setIndev", "(I)V");
-    if (mid == nullptr) {
-        CMT_TRACE(kTraceError, "jnienv_->GetMethodID(jcls_job_, setIndev, (I)V) mid = 0");
+    if (!call_setter(env, job.get(), set_user_name, java_value(juser_name.get())) ||
+        !set_job(env, job.get(), kSetIndev, java_value(static_cast<jint>(state.in_dev)),
+                 "jnienv_->GetMethodID(jcls_job_, setIndev, (I)V) mid = 0") ||
+        !set_job(env, job.get(), kSetOutdev, java_value(static_cast<jint>(state.out_dev)),
+                 "jnienv_->GetMethodID(jcls_job_, setOutdev, (I)V) mid = 0")) {
         return call.fail();
     }
-    env->CallVoidMethod(job.get(), mid, static_cast<jint>(state.in_dev));
-    if (jni::pending(env)) return call.fail();
 
-    mid = env->GetMethodID(job_class, "setOutdev", "(I)V");
-    if (mid == nullptr) {
-        CMT_TRACE(kTraceError, "jnienv_->GetMethodID(jcls_job_, setOutdev, (I)V) mid = 0");
-        return call.fail();
-    }
-    env->CallVoidMethod(job.get(), mid, static_cast<jint>(state.out_dev));
-    if (jni::pending(env)) return call.fail();
-
-    env->CallStaticVoidMethod(jcls_job_proxy_.get(), mid_job_state_changed_, job.get());
+    // The last use of the observer: the listeners may stop the manager.
+    env->CallStaticVoidMethod(proxy(0), mid_job_state_changed_, job.get());
     if (jni::pending(env)) return call.fail();
     CMT_TRACE(kTraceFlow, "[End]");
     return 0;

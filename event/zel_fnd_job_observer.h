@@ -5,23 +5,18 @@
 #include <jni.h>
 
 #include "esv_zel_job_observer.h"
-#include "tovr_jni.h"
+#include "zel_fnd_observer.h"
 
 namespace tarnwick {
 
-class zel_fnd_job_observer : public esv_zel_job_observer {
+class zel_fnd_job_observer : public esv_zel_job_observer, private zel_fnd_observer {
 public:
     // Answer to the facade when the thread cannot be attached or a Java step fails.
     static constexpr long kFailure = 0x04010001;
 
-    zel_fnd_job_observer();
-    virtual ~zel_fnd_job_observer();
+    zel_fnd_job_observer() = default;
 
     int init();
-    // The delivering thread's environment (null when it cannot be attached); also kept in
-    // the environment member.
-    JNIEnv* thread_attach();
-    int thread_detach();
 
     long notify_job_state_changed(ESV_ZEL_JOB_STATE state) override;
     long notify_scan_count(unsigned int count_1, unsigned int count_2) override;
@@ -32,22 +27,15 @@ public:
     long notify_message_info(unsigned int current_id, ESV_ZEL_PHB_GET_MESSAGE& message) override;
 
 private:
-    zel_fnd_job_observer(const zel_fnd_job_observer&) = delete;
-    zel_fnd_job_observer& operator=(const zel_fnd_job_observer&) = delete;
-
     // One of the four notifications that pass unsigned values straight to a fire method.
     long fire_simple(const char* operation, jmethodID method, jlong first, jlong second, int count);
 
-    JavaVM* vm_;
-    JNIEnv* jnienv_;
-    jni::GlobalClass jcls_job_proxy_;
-    jni::GlobalClass jcls_job_;
-    jni::GlobalClass jcls_job_state_;
-    jmethodID mid_job_state_changed_;
-    jmethodID mid_scan_count_;
-    jmethodID mid_start_prohibition_;
-    jmethodID mid_comb_constraint_;
-    jmethodID mid_panel_message_update_;
+    // JobProxy is proxy 0; Job and JobState are built and read through their class holders.
+    jmethodID mid_job_state_changed_ = nullptr;
+    jmethodID mid_scan_count_ = nullptr;
+    jmethodID mid_start_prohibition_ = nullptr;
+    jmethodID mid_comb_constraint_ = nullptr;
+    jmethodID mid_panel_message_update_ = nullptr;
 };
 
 }  // namespace tarnwick

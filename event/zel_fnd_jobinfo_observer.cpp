@@ -1,85 +1,105 @@
 // Job-information observer.
 #include "zel_fnd_jobinfo_observer.h"
 
-#include "CJvm.h"
+#include <cstddef>
+
 #include "cmt_trace.h"
 
 #define CMT_TRACE_MODULE "zel_fnd_jobinfo_observer"
 
 namespace tarnwick {
 
-zel_fnd_jobinfo_observer::zel_fnd_jobinfo_observer()
-    : vm_(nullptr), jnienv_(nullptr), mid_page_(nullptr), mid_job_log_(nullptr), mid_interpreter_(nullptr) {}
+namespace {
 
-zel_fnd_jobinfo_observer::~zel_fnd_jobinfo_observer() {
-    if (vm_ == nullptr) return;
-    JNIEnv* env = jni::calling_thread_env(vm_);
-    jcls_jobinfo_proxy_.reset(env);
-    jcls_print_page_info_.reset(env);
-    jcls_scan_page_info_.reset(env);
-    jcls_fax_send_page_info_.reset(env);
-    jcls_joblog_info_.reset(env);
-    jcls_interpreter_info_.reset(env);
-    thread_detach();
+// Each info class: its constructor, then its setters in the order a notification calls them.
+constexpr jni::Member kInit{jni::Member::kConstructor, "<init>", "()V"};
+constexpr jni::Member kSetUserJobId{jni::Member::kMethod, "setUserJobId", "(J)V"};
+constexpr jni::Member kSetPageNum{jni::Member::kMethod, "setPageNum", "(J)V"};
+
+constexpr jni::Member int_setter(const char* name) { return {jni::Member::kMethod, name, "(I)V"}; }
+
+jni::JavaClass& joblog_info_class() {
+    static const jni::Member members[] = {kInit, kSetUserJobId, {jni::Member::kMethod, "setReceiptId", "(J)V"}};
+    static jni::JavaClass holder("tarnwick/zel/controller/event/job/JobLogInfo", members);
+    return holder;
 }
 
-int zel_fnd_jobinfo_observer::init() {
-    jsize count = 0;
-    jint rc = JNI_GetCreatedJavaVMs(&vm_, 1, &count);
-    if (rc != JNI_OK) return rc;
-    JNIEnv* const env = thread_attach();
-    if (env == nullptr) return 0;
-    if (jcls_jobinfo_proxy_.find(env, "tarnwick/zel/controller/event/proxy/JobInfoProxy") &&
-        jcls_print_page_info_.find(env, "tarnwick/zel/controller/event/job/PrintPageInfo") &&
-        jcls_scan_page_info_.find(env, "tarnwick/zel/controller/event/job/ScanPageInfo") &&
-        jcls_fax_send_page_info_.find(env, "tarnwick/zel/controller/event/job/FaxSendPageInfo") &&
-        jcls_joblog_info_.find(env, "tarnwick/zel/controller/event/job/JobLogInfo") &&
-        jcls_interpreter_info_.find(env, "tarnwick/zel/controller/event/job/InterpreterInfo")) {
-        const jni::StaticMethod methods[] = {
-            {&jcls_jobinfo_proxy_, "firePageEvent", "(Ljava/lang/Object;)V", &mid_page_},
-            {&jcls_jobinfo_proxy_, "fireJobLogEvent", "(Ltarnwick/zel/controller/event/job/JobLogInfo;)V", &mid_job_log_},
-            {&jcls_jobinfo_proxy_, "fireInterpreterEvent", "(Ltarnwick/zel/controller/event/job/InterpreterInfo;)V", &mid_interpreter_},
-        };
-        jni::lookup_static_methods(env, methods);
-    }
-    return thread_detach();
+jni::JavaClass& fax_send_page_info_class() {
+    static const jni::Member members[] = {kInit, kSetUserJobId, kSetPageNum};
+    static jni::JavaClass holder("tarnwick/zel/controller/event/job/FaxSendPageInfo", members);
+    return holder;
 }
 
-JNIEnv* zel_fnd_jobinfo_observer::thread_attach() { return jni::attach_thread_env(vm_, &jnienv_); }
-
-int zel_fnd_jobinfo_observer::thread_detach() { return jni::detach_thread(vm_); }
-
-bool zel_fnd_jobinfo_observer::call_setter(JNIEnv* env, jobject obj, jclass cls, const char* name, const char* signature,
-                                           jvalue value) {
-    jmethodID mid = env->GetMethodID(cls, name, signature);
-    if (mid == nullptr) return false;
-    env->CallVoidMethodA(obj, mid, &value);
-    return !jni::pending(env);
+jni::JavaClass& interpreter_info_class() {
+    static const jni::Member members[] = {
+        kInit, kSetUserJobId, int_setter("setNameSetting"), {jni::Member::kMethod, "setInterfaceInfo", "(J)V"},
+        {jni::Member::kMethod, "setJobName", "(Ljava/lang/String;)V"},
+    };
+    static jni::JavaClass holder("tarnwick/zel/controller/event/job/InterpreterInfo", members);
+    return holder;
 }
 
-bool zel_fnd_jobinfo_observer::set_long(JNIEnv* env, jobject obj, jclass cls, const char* name, jlong value) {
-    jvalue v;
-    v.j = value;
-    return call_setter(env, obj, cls, name, "(J)V", v);
+jni::JavaClass& print_page_info_class() {
+    static const jni::Member members[] = {
+        kInit, kSetUserJobId, kSetPageNum, int_setter("setOutputDev"), int_setter("setInputDev"),
+        int_setter("setCustomX"), int_setter("setCustomY"), int_setter("setPaperSize"), int_setter("setPaperType"),
+        int_setter("setPaperDir"), int_setter("setPaperWeight"), int_setter("setDuplex"), int_setter("setStaple"),
+        int_setter("setPunch"), int_setter("setColorMode"),
+    };
+    static jni::JavaClass holder("tarnwick/zel/controller/event/job/PrintPageInfo", members);
+    return holder;
 }
 
-bool zel_fnd_jobinfo_observer::set_int(JNIEnv* env, jobject obj, jclass cls, const char* name, jint value) {
-    jvalue v;
-    v.i = value;
-    return call_setter(env, obj, cls, name, "(I)V", v);
+jni::JavaClass& scan_page_info_class() {
+    static const jni::Member members[] = {
+        kInit, kSetUserJobId, kSetPageNum, int_setter("setCustomX"), int_setter("setCustomY"),
+        int_setter("setPaperSize"), int_setter("setPaperDir"), int_setter("setDuplex"), int_setter("setColorMode"),
+        int_setter("setResolution"),
+    };
+    static jni::JavaClass holder("tarnwick/zel/controller/event/job/ScanPageInfo", members);
+    return holder;
 }
 
-jobject zel_fnd_jobinfo_observer::new_info(JNIEnv* env, const jni::GlobalClass& cls, const char* operation, const char* message) {
-    jmethodID ctor = env->GetMethodID(cls.get(), "<init>", "()V");
+// An info object of `cls` made with its no-argument constructor; null when that fails, after
+// tracing `message` under `operation` when the object itself could not be made (a missing
+// constructor is not traced).
+jobject new_info(JNIEnv* env, jni::JavaClass& cls, const char* operation, const char* message) {
+    const jclass c = cls.get(env);
+    const jmethodID ctor = cls.method(0);
     if (ctor == nullptr) return nullptr;
-    jobject obj = env->NewObject(cls.get(), ctor);
+    jobject obj = env->NewObject(c, ctor);
     if (obj == nullptr) CMT_TRACE_OP(kTraceError, operation, "%s", message);
     return obj;
 }
 
-long zel_fnd_jobinfo_observer::fire(const Notification& call, jmethodID method, jobject info, const char* operation) {
+// Calls the setters of `cls` from member `first` on, one value each, in order; false at the
+// first that is missing or throws (failed lookups are not traced).
+template <std::size_t N>
+bool set_all(JNIEnv* env, jobject obj, const jni::JavaClass& cls, std::size_t first, const jvalue (&values)[N]) {
+    for (std::size_t i = 0; i < N; ++i) {
+        const jmethodID mid = cls.method(first + i);
+        if (mid == nullptr || !call_setter(env, obj, mid, values[i])) return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+int zel_fnd_jobinfo_observer::init() {
+    return start({"tarnwick/zel/controller/event/proxy/JobInfoProxy"},
+                 {&print_page_info_class(), &scan_page_info_class(), &fax_send_page_info_class(),
+                  &joblog_info_class(), &interpreter_info_class()},
+                 {{0, "firePageEvent", "(Ljava/lang/Object;)V", &mid_page_},
+                  {0, "fireJobLogEvent", "(Ltarnwick/zel/controller/event/job/JobLogInfo;)V", &mid_job_log_},
+                  {0, "fireInterpreterEvent", "(Ltarnwick/zel/controller/event/job/InterpreterInfo;)V",
+                   &mid_interpreter_}});
+}
+
+long zel_fnd_jobinfo_observer::fire(const Notification<long>& call, jmethodID method, jobject info,
+                                    const char* operation) {
     JNIEnv* const env = call.env();
-    env->CallStaticVoidMethod(jcls_jobinfo_proxy_.get(), method, info);
+    // The last use of the observer: the listeners may stop the manager.
+    env->CallStaticVoidMethod(proxy(0), method, info);
     if (jni::pending(env)) return call.fail();
     CMT_TRACE_OP(kTraceFlow, operation, "[End]");
     return 0;
@@ -94,14 +114,14 @@ long zel_fnd_jobinfo_observer::notify_job_update_log(const ESV_ZEL_EVENT_JOB_UPD
     if (!call.attached()) return kFailure;
     JNIEnv* const env = call.env();
     CMT_TRACE(kTraceFlow, "[Start]");
+    jni::JavaClass& cls = joblog_info_class();
     jni::LocalRef<jobject> info(
-        env, new_info(env, jcls_joblog_info_, __func__, "jnienv_->NewObject(jcls_joblog_info_, mid) obj = NULL"));
+        env, new_info(env, cls, __func__, "jnienv_->NewObject(jcls_joblog_info_, mid) obj = NULL"));
     if (!info) return call.fail();
-    const jclass cls = jcls_joblog_info_.get();
     CMT_TRACE(kTraceFlow, "user_job_id = [%d]", static_cast<int>(log.user_job_id));
-    if (!set_long(env, info.get(), cls, "setUserJobId", static_cast<jlong>(log.user_job_id))) return call.fail();
+    if (!set_all(env, info.get(), cls, 1, {java_value(static_cast<jlong>(log.user_job_id))})) return call.fail();
     CMT_TRACE(kTraceFlow, "receipt_id = [%d]", static_cast<int>(log.receipt_id));
-    if (!set_long(env, info.get(), cls, "setReceiptId", static_cast<jlong>(log.receipt_id))) return call.fail();
+    if (!set_all(env, info.get(), cls, 2, {java_value(static_cast<jlong>(log.receipt_id))})) return call.fail();
     return fire(call, mid_job_log_, info.get(), __func__);
 }
 
@@ -110,13 +130,13 @@ long zel_fnd_jobinfo_observer::notify_fax_send_page_info(const ESV_ZEL_EVENT_SEN
     if (!call.attached()) return kFailure;
     JNIEnv* const env = call.env();
     CMT_TRACE(kTraceFlow, "[Start]");
-    jni::LocalRef<jobject> info(env, new_info(env, jcls_fax_send_page_info_, __func__,
-                                                  "jnienv_->NewObject(jcls_fax_send_page_info_, mid) obj = NULL"));
+    jni::JavaClass& cls = fax_send_page_info_class();
+    jni::LocalRef<jobject> info(
+        env, new_info(env, cls, __func__, "jnienv_->NewObject(jcls_fax_send_page_info_, mid) obj = NULL"));
     if (!info) return call.fail();
-    const jclass cls = jcls_fax_send_page_info_.get();
     CMT_TRACE(kTraceFlow, "user_job_id = [%d]", static_cast<int>(page.user_job_id));
-    if (!set_long(env, info.get(), cls, "setUserJobId", static_cast<jlong>(page.user_job_id)) ||
-        !set_long(env, info.get(), cls, "setPageNum", static_cast<jlong>(page.page_num))) {
+    if (!set_all(env, info.get(), cls, 1,
+                 {java_value(static_cast<jlong>(page.user_job_id)), java_value(static_cast<jlong>(page.page_num))})) {
         return call.fail();
     }
     return fire(call, mid_page_, info.get(), __func__);
@@ -128,26 +148,25 @@ long zel_fnd_jobinfo_observer::notify_renint_start_info(const ESV_ZEL_EVENT_RENI
     if (!call.attached()) return kFailure;
     JNIEnv* const env = call.env();
     CMT_TRACE(kTraceFlow, "[Start]");
-    jni::LocalRef<jobject> info(env, new_info(env, jcls_interpreter_info_, __func__,
-                                                  "jnienv_->NewObject(jcls_interpreter_info_, mid) obj = NULL"));
+    jni::JavaClass& cls = interpreter_info_class();
+    jni::LocalRef<jobject> info(
+        env, new_info(env, cls, __func__, "jnienv_->NewObject(jcls_interpreter_info_, mid) obj = NULL"));
     if (!info) return call.fail();
-    const jclass cls = jcls_interpreter_info_.get();
     CMT_TRACE(kTraceFlow, "user_job_id = [%d]", static_cast<int>(start.user_job_id));
-    if (!set_long(env, info.get(), cls, "setUserJobId", static_cast<jlong>(start.user_job_id)) ||
-        !set_int(env, info.get(), cls, "setNameSetting", static_cast<jint>(start.name_setting)) ||
-        !set_long(env, info.get(), cls, "setInterfaceInfo", static_cast<jlong>(start.interface_info))) {
+    if (!set_all(env, info.get(), cls, 1,
+                 {java_value(static_cast<jlong>(start.user_job_id)), java_value(static_cast<jint>(start.name_setting)),
+                  java_value(static_cast<jlong>(start.interface_info))})) {
         return call.fail();
     }
-    jmethodID mid = env->GetMethodID(cls, "setJobName", "(Ljava/lang/String;)V");
-    if (mid == nullptr) return call.fail();
+    const jmethodID set_job_name = cls.method(4);
+    if (set_job_name == nullptr) return call.fail();
     // A missing name cannot be converted: it fails like a refused conversion.
     jni::LocalRef<jstring> name(env, job_name != nullptr ? env->NewStringUTF(job_name) : nullptr);
     if (!name) {
         CMT_TRACE(kTraceError, "jnienv_->NewStringUTF(job_name) obj = NULL");
         return call.fail();
     }
-    env->CallVoidMethod(info.get(), mid, name.get());
-    if (jni::pending(env)) return call.fail();
+    if (!call_setter(env, info.get(), set_job_name, java_value(name.get()))) return call.fail();
     name.reset();
     return fire(call, mid_interpreter_, info.get(), __func__);
 }
@@ -157,29 +176,21 @@ long zel_fnd_jobinfo_observer::notify_print_page_info(const ESV_ZEL_EVENT_PRINT_
     if (!call.attached()) return kFailure;
     JNIEnv* const env = call.env();
     CMT_TRACE(kTraceFlow, "[Start]");
-    jni::LocalRef<jobject> info(env, new_info(env, jcls_print_page_info_, __func__,
-                                                  "jnienv_->NewObject(jcls_print_page_info_, mid) obj = NULL"));
+    jni::JavaClass& cls = print_page_info_class();
+    jni::LocalRef<jobject> info(
+        env, new_info(env, cls, __func__, "jnienv_->NewObject(jcls_print_page_info_, mid) obj = NULL"));
     if (!info) return call.fail();
-    const jobject obj = info.get();
-    const jclass cls = jcls_print_page_info_.get();
     CMT_TRACE(kTraceFlow, "user_job_id = [%d]", static_cast<int>(page.user_job_id));
-    if (!set_long(env, obj, cls, "setUserJobId", static_cast<jlong>(page.user_job_id)) ||
-        !set_long(env, obj, cls, "setPageNum", static_cast<jlong>(page.page_num)) ||
-        !set_int(env, obj, cls, "setOutputDev", page.output_dev) ||
-        !set_int(env, obj, cls, "setInputDev", page.input_dev) ||
-        !set_int(env, obj, cls, "setCustomX", static_cast<jint>(page.custom_x)) ||
-        !set_int(env, obj, cls, "setCustomY", static_cast<jint>(page.custom_y)) ||
-        !set_int(env, obj, cls, "setPaperSize", page.paper_size) ||
-        !set_int(env, obj, cls, "setPaperType", page.paper_type) ||
-        !set_int(env, obj, cls, "setPaperDir", page.paper_dir) ||
-        !set_int(env, obj, cls, "setPaperWeight", page.paper_weight) ||
-        !set_int(env, obj, cls, "setDuplex", page.duplex) ||
-        !set_int(env, obj, cls, "setStaple", page.staple) ||
-        !set_int(env, obj, cls, "setPunch", page.punch) ||
-        !set_int(env, obj, cls, "setColorMode", page.color_mode)) {
+    if (!set_all(env, info.get(), cls, 1,
+                 {java_value(static_cast<jlong>(page.user_job_id)), java_value(static_cast<jlong>(page.page_num)),
+                  java_value(page.output_dev), java_value(page.input_dev),
+                  java_value(static_cast<jint>(page.custom_x)), java_value(static_cast<jint>(page.custom_y)),
+                  java_value(page.paper_size), java_value(page.paper_type), java_value(page.paper_dir),
+                  java_value(page.paper_weight), java_value(page.duplex), java_value(page.staple),
+                  java_value(page.punch), java_value(page.color_mode)})) {
         return call.fail();
     }
-    return fire(call, mid_page_, obj, __func__);
+    return fire(call, mid_page_, info.get(), __func__);
 }
 
 long zel_fnd_jobinfo_observer::notify_scan_page_info(const ESV_ZEL_EVENT_SCAN_PAGE& page) {
@@ -187,24 +198,19 @@ long zel_fnd_jobinfo_observer::notify_scan_page_info(const ESV_ZEL_EVENT_SCAN_PA
     if (!call.attached()) return kFailure;
     JNIEnv* const env = call.env();
     CMT_TRACE(kTraceFlow, "[Start]");
-    jni::LocalRef<jobject> info(env, new_info(env, jcls_scan_page_info_, __func__,
-                                                  "jnienv_->NewObject(jcls_scan_page_info_, mid) obj = NULL"));
+    jni::JavaClass& cls = scan_page_info_class();
+    jni::LocalRef<jobject> info(
+        env, new_info(env, cls, __func__, "jnienv_->NewObject(jcls_scan_page_info_, mid) obj = NULL"));
     if (!info) return call.fail();
-    const jobject obj = info.get();
-    const jclass cls = jcls_scan_page_info_.get();
     CMT_TRACE(kTraceFlow, "user_job_id = [%d]", static_cast<int>(page.user_job_id));
-    if (!set_long(env, obj, cls, "setUserJobId", static_cast<jlong>(page.user_job_id)) ||
-        !set_long(env, obj, cls, "setPageNum", static_cast<jlong>(page.page_num)) ||
-        !set_int(env, obj, cls, "setCustomX", static_cast<jint>(page.custom_x)) ||
-        !set_int(env, obj, cls, "setCustomY", static_cast<jint>(page.custom_y)) ||
-        !set_int(env, obj, cls, "setPaperSize", page.paper_size) ||
-        !set_int(env, obj, cls, "setPaperDir", page.paper_dir) ||
-        !set_int(env, obj, cls, "setDuplex", page.duplex) ||
-        !set_int(env, obj, cls, "setColorMode", page.color_mode) ||
-        !set_int(env, obj, cls, "setResolution", page.resolution)) {
+    if (!set_all(env, info.get(), cls, 1,
+                 {java_value(static_cast<jlong>(page.user_job_id)), java_value(static_cast<jlong>(page.page_num)),
+                  java_value(static_cast<jint>(page.custom_x)), java_value(static_cast<jint>(page.custom_y)),
+                  java_value(page.paper_size), java_value(page.paper_dir), java_value(page.duplex),
+                  java_value(page.color_mode), java_value(page.resolution)})) {
         return call.fail();
     }
-    return fire(call, mid_page_, obj, __func__);
+    return fire(call, mid_page_, info.get(), __func__);
 }
 
 }  // namespace tarnwick

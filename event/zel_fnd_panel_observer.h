@@ -5,36 +5,26 @@
 #include <jni.h>
 
 #include "esv_zel_panel_facade.h"
-#include "tovr_jni.h"
+#include "zel_fnd_observer.h"
 
 namespace tarnwick {
 
-class zel_fnd_panel_observer : public esv_zel_panel_observer {
+class zel_fnd_panel_observer : public esv_zel_panel_observer, private zel_fnd_observer {
 public:
     // Answer to the facade when the delivering thread cannot be attached.
     static constexpr unsigned long kAttachFailure = 0x04010706;
 
-    zel_fnd_panel_observer();
-    virtual ~zel_fnd_panel_observer();
+    zel_fnd_panel_observer() = default;
 
     int init();
-    // The delivering thread's environment (null when it cannot be attached); also kept in
-    // the environment member.
-    JNIEnv* thread_attach();
-    int thread_detach();
 
     unsigned long notify_key_event(unsigned int id, ESV_ZEL_PANEL_KEY_EVENT event) override;
     unsigned long notify_auto_panel_reset() override;
 
 private:
-    zel_fnd_panel_observer(const zel_fnd_panel_observer&) = delete;
-    zel_fnd_panel_observer& operator=(const zel_fnd_panel_observer&) = delete;
-
-    JavaVM* vm_;
-    JNIEnv* jnienv_;
-    jni::GlobalClass jcls_panel_proxy_;
-    jmethodID mid_appl_start_;
-    jmethodID mid_auto_reset_;
+    // PanelProxy is proxy 0.
+    jmethodID mid_appl_start_ = nullptr;
+    jmethodID mid_auto_reset_ = nullptr;
 };
 
 }  // namespace tarnwick

@@ -1,9 +1,17 @@
-// Event bridge without a Java VM: the card-data walk, the panel proxy, the manager's order and
-// the observers' answers when the delivering thread cannot be attached.
+// Event bridge without a Java VM: the card-data walk, the panel proxy, the manager's order, the
+// observers' answers when the delivering thread cannot be attached, and the facades' threads
+// when an observer calls into another facade.
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <condition_variable>
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
+#include <future>
+#include <mutex>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "fake_jvm.h"
@@ -243,4 +251,179 @@ TEST_F(ManagerTest, EachObserverAnswersItsCodeWhenTheThreadCannotBeAttached) {
     EXPECT_TRUE(tovr_sim::trace_lines().empty());
     EXPECT_EQ(5 + 6, fake_jvm::control().attaches);
     EXPECT_EQ(0, fake_jvm::control().detaches);  // a thread that was never attached is not detached
+}
+
+// ----- notifications raised on a facade's thread -----
+//
+// An observer that calls into another facade, as a listener calling the library does: raised on
+// a facade thread the other facade's notification is queued and the call returns; raised from any
+// other thread it is delivered before the call returns.
+
+namespace {
+
+// Two threads meet here (or give up after 10 s).
+class Rendezvous {
+public:
+    bool meet() {
+        std::unique_lock<std::mutex> lock(mutex_);
+        if (++arrived_ == 2) {
+            met_.notify_all();
+            return true;
+        }
+        return met_.wait_for(lock, std::chrono::seconds(10), [this] { return arrived_ == 2; });
+    }
+
+private:
+    std::mutex mutex_;
+    std::condition_variable met_;
+    int arrived_ = 0;
+};
+
+// Runs `fn` on a thread of its own; the future does not wait for it when dropped.
+template <typename Fn>
+std::future<tovr_sim::Answers> detached(Fn fn) {
+    std::packaged_task<tovr_sim::Answers()> task(fn);
+    std::future<tovr_sim::Answers> out = task.get_future();
+    std::thread(std::move(task)).detach();
+    return out;
+}
+
+// Waits up to 10 s for `done`.
+template <typename Pred>
+bool eventually(Pred done) {
+    for (int i = 0; i < 1000 && !done(); ++i) std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    return done();
+}
+
+class CoverObserver : public tarnwick::esv_zel_common_observer {
+public:
+    unsigned long notify_key_card_status(unsigned char) override { return 0; }
+    unsigned long notify_key_counter_status(unsigned int) override { return 0; }
+    unsigned long notify_resident_app_state_changed(ESV_ZEL_REQ_APP_STATE) override { return 0; }
+    unsigned long notify_waste_toner_bottle_status(unsigned char) override { return 0; }
+    unsigned long notify_cover_status(unsigned int status) override {
+        if (status == 1 && meeting != nullptr) {
+            met = meeting->meet();
+            nested = tovr_sim::raise_start_phb(9);
+        }
+        covers.push_back(status);
+        on_own_thread.push_back(tovr_sim::common_facade().on_facade_thread());
+        return 0;
+    }
+    unsigned long notify_paper_rest_status(unsigned short, unsigned char) override { return 0; }
+    unsigned long notify_toner_status(unsigned char, unsigned char) override { return 0; }
+    unsigned long notify_coin_vender_status(unsigned int) override { return 0; }
+    unsigned long notify_usb_memory_status(unsigned int) override { return 0; }
+    unsigned long notify_sleep(ESV_ZEL_EVENT_SLEEP_STATE) override { return 0; }
+    unsigned long notify_pbp_connection_error(ESV_ZEL_EVENT_CONNECTION_ERROR) override { return 0; }
+    unsigned long notify_logout(unsigned long) override { return 0; }
+    unsigned long network_state_changed(ESV_ZEL_NETWORK_TYPE) override { return 0; }
+    unsigned long service_state_changed(ESV_ZEL_ACCEPTANCE_TYPE) override { return 0; }
+    unsigned long request_activate(ESV_ZEL_KIND_OF_SCENARIO, unsigned int) override { return 0; }
+
+    Rendezvous* meeting = nullptr;
+    bool met = false;
+    tovr_sim::Answers nested{99};
+    std::vector<unsigned int> covers;  // written on the common facade's thread only
+    std::vector<bool> on_own_thread;
+};
+
+class ScanObserver : public tarnwick::esv_zel_job_observer {
+public:
+    long notify_job_state_changed(ESV_ZEL_JOB_STATE) override { return 0; }
+    long notify_scan_count(unsigned int count_1, unsigned int) override {
+        if (meeting != nullptr) met = meeting->meet();
+        nested = tovr_sim::common_facade().raise([count_1](tarnwick::esv_zel_common_observer* o) {
+            return o->notify_cover_status(100 + count_1);
+        });
+        return 0;
+    }
+    long notify_start_phb(unsigned int id) override {
+        phbs.push_back(id);
+        return 0;
+    }
+    long notify_disable_info(unsigned int) override { return 0; }
+    long notify_main_message(unsigned int) override { return 0; }
+    long notify_phb_info(unsigned int, ESV_ZEL_PHB_INFO&) override { return 0; }
+    long notify_message_info(unsigned int, ESV_ZEL_PHB_GET_MESSAGE&) override { return 0; }
+
+    Rendezvous* meeting = nullptr;
+    bool met = false;
+    tovr_sim::Answers nested{99};
+    std::vector<unsigned int> phbs;  // written on the job facade's thread only
+};
+
+class FacadeThreads : public ::testing::Test {
+protected:
+    void SetUp() override {
+        tovr_sim::reset();
+        tovr_sim::common_facade().observers().add(&cover);
+        tovr_sim::job_facade().observers().add(&scan);
+    }
+    void TearDown() override {
+        tovr_sim::common_facade().observers().remove(&cover);
+        tovr_sim::job_facade().observers().remove(&scan);
+    }
+    // What the facade has delivered so far, read on its own thread.
+    std::vector<unsigned int> covers() {
+        return read_on(tovr_sim::common_facade(), [this] { return cover.covers; });
+    }
+    std::vector<unsigned int> phbs() {
+        return read_on(tovr_sim::job_facade(), [this] { return scan.phbs; });
+    }
+    template <typename Facade, typename Read>
+    static std::vector<unsigned int> read_on(Facade& facade, Read read) {
+        std::vector<unsigned int> out;
+        facade.post([&](auto*) {
+                  out = read();
+                  return 0UL;
+              })
+            .get();
+        return out;
+    }
+    CoverObserver cover;
+    ScanObserver scan;
+};
+
+}  // namespace
+
+TEST_F(FacadeThreads, ARaiseFromAnyOtherThreadIsDeliveredBeforeItReturns) {
+    EXPECT_EQ(tovr_sim::Answers{0}, tovr_sim::common_facade().raise([](tarnwick::esv_zel_common_observer* o) {
+                  return o->notify_cover_status(5);
+              }));
+    EXPECT_EQ((std::vector<unsigned int>{5}), covers());
+    EXPECT_EQ((std::vector<bool>{true}), cover.on_own_thread);
+}
+
+TEST_F(FacadeThreads, ARaiseOnAnotherFacadesThreadIsQueuedAndAnswersNothing) {
+    EXPECT_EQ(tovr_sim::Answers{0}, tovr_sim::raise_scan_count(7, 8));
+    EXPECT_EQ(tovr_sim::Answers{}, scan.nested);  // queued: no observer has answered yet
+    EXPECT_TRUE(eventually([this] { return covers() == std::vector<unsigned int>{107}; }));
+    EXPECT_EQ((std::vector<bool>{true}), cover.on_own_thread);  // delivered on the common facade's thread
+}
+
+TEST_F(FacadeThreads, TwoFacadeThreadsRaisingOnEachOtherAtOnceBothGoOn) {
+    Rendezvous meeting;
+    cover.meeting = &meeting;
+    scan.meeting = &meeting;
+    auto job = detached([] { return tovr_sim::raise_scan_count(1, 2); });
+    auto common = detached([] {
+        return tovr_sim::common_facade().raise(
+            [](tarnwick::esv_zel_common_observer* o) { return o->notify_cover_status(1); });
+    });
+    if (job.wait_for(std::chrono::seconds(15)) != std::future_status::ready ||
+        common.wait_for(std::chrono::seconds(15)) != std::future_status::ready) {
+        // Nothing would end any more (the observers' removal waits for the stuck notifications).
+        std::fprintf(stderr, "the job and common facade threads wait for each other\n");
+        std::_Exit(1);
+    }
+    EXPECT_EQ(tovr_sim::Answers{0}, job.get());
+    EXPECT_EQ(tovr_sim::Answers{0}, common.get());
+    EXPECT_TRUE(cover.met);
+    EXPECT_TRUE(scan.met);
+    EXPECT_EQ(tovr_sim::Answers{}, cover.nested);
+    EXPECT_EQ(tovr_sim::Answers{}, scan.nested);
+    // What each raised follows on the other facade's thread.
+    EXPECT_TRUE(eventually([this] { return covers() == std::vector<unsigned int>{1, 101}; }));
+    EXPECT_TRUE(eventually([this] { return phbs() == std::vector<unsigned int>{9}; }));
 }

@@ -2,17 +2,21 @@
 // at once. A stand-in VM gives each thread an environment of its own and counts every JNI call
 // made with an environment that is not the calling thread's (the observers keep one environment
 // member each, which every notification overwrites). Run under ThreadSanitizer by the test
-// command.
+// command. The same stand-in VM, lacking one member of a record class, shows the failed step
+// traced as the observer's own lookup would have traced it.
 #include <gtest/gtest.h>
 #include <jni.h>
 
 #include <atomic>
 #include <cstdarg>
 #include <cstdint>
+#include <string>
+#include <vector>
 
 #include "fake_jvm.h"
 #include "tovr_sim.h"
 #include "tovr_sim_flood.h"
+#include "tovr_sim_job.h"
 #include "zel_fnd_event_manager.h"
 #include "sim_fixture.h"
 
@@ -124,6 +128,37 @@ TEST_F(Flood, TwoThreadsPerFacadeEachNotificationUsesItsOwnThreadsEnvironment) {
     EXPECT_EQ(static_cast<long>(delivered), g_fires.load());
     EXPECT_EQ(0, g_wrong_env.load());
     EXPECT_EQ(0, g_calls_detached.load());
+}
+
+// The Job class is found once per process, its members with it; one the class lacks stays null
+// and the state change traces that step's line, as a lookup of its own would have.
+std::atomic<int> g_set_jobid_lookups{0};
+
+jmethodID JNICALL get_method_id_without_set_jobid(JNIEnv* env, jclass cls, const char* name, const char* sig) {
+    if (std::string(name) != "setJobid") return get_method_id(env, cls, name, sig);
+    ++g_set_jobid_lookups;
+    return nullptr;
+}
+
+TEST_F(Flood, AMemberTheJobClassLacksTracesItsStepAndFailsTheStateChange) {
+    g_table.GetMethodID = get_method_id_without_set_jobid;
+    g_set_jobid_lookups = 0;
+    tarnwick::zel_fnd_event_manager manager;
+    ASSERT_TRUE(manager.init());
+    if (g_set_jobid_lookups == 0) {
+        GTEST_SKIP() << "the Job class was found earlier in this process (each case runs alone under ctest)";
+    }
+    tovr_sim::clear_trace();
+    ESV_ZEL_JOB_STATE state{};
+    state.state = 0;
+    state.user_job_id = 7;
+    EXPECT_EQ(tovr_sim::Answers{0x04010001}, tovr_sim::raise_job_state_changed(state));
+    EXPECT_EQ(1, g_set_jobid_lookups.load());  // looked up once, at init, not per notification
+    EXPECT_EQ((std::vector<sim_test::Line>{{3, "notify_job_state_changed,[Start]"},
+                                 {0, "notify_job_state_changed,jnienv_->GetMethodID(jcls_job_, setJobid, (I)V) mid = 0"}}),
+              sim_test::lines_of("zel_fnd_job_observer"));
+    EXPECT_EQ(0, g_fires.load());
+    manager.terminate();
 }
 
 }  // namespace

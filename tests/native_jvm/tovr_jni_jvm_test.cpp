@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <thread>
 
 namespace jni = tarnwick::jni;
 
@@ -24,22 +25,6 @@ std::string utf(JNIEnv* env, jstring s) {
     return chars ? std::string(chars.c_str()) : std::string("<null>");
 }
 
-// Stands for an observer: the thread is the test's own, already attached, so attach and detach
-// only count.
-struct CountingObserver {
-    JNIEnv* env = nullptr;
-    int attaches = 0;
-    int detaches = 0;
-    JNIEnv* thread_attach() {
-        ++attaches;
-        return env;
-    }
-    int thread_detach() {
-        ++detaches;
-        return JNI_OK;
-    }
-};
-
 }  // namespace
 
 TEST(ToolkitJvm, StringOfAFieldStopsAtItsEndWhenUnterminated) {
@@ -52,30 +37,6 @@ TEST(ToolkitJvm, StringOfAFieldStopsAtItsEndWhenUnterminated) {
     const char shorter[4] = {'x', '\0', 'y', 'z'};
     jni::LocalRef<jstring> t(env, jni::new_string_of_field(env, shorter));
     EXPECT_EQ("x", utf(env, t.get()));
-}
-
-TEST(ToolkitJvm, StaticMethodLookupStopsAtTheFirstMissingOne) {
-    JNIEnv* env = env_of_this_thread();
-    ASSERT_NE(nullptr, env);
-    jni::GlobalClass integer;
-    ASSERT_TRUE(integer.find(env, "java/lang/Integer"));
-    jmethodID parse = nullptr, missing = nullptr, value_of = nullptr;
-    const jni::StaticMethod methods[] = {
-        {&integer, "parseInt", "(Ljava/lang/String;)I", &parse},
-        {&integer, "noSuchMethod", "()V", &missing},
-        {&integer, "valueOf", "(I)Ljava/lang/Integer;", &value_of},
-    };
-    EXPECT_FALSE(jni::lookup_static_methods(env, methods));
-    EXPECT_NE(nullptr, parse);
-    EXPECT_EQ(nullptr, missing);
-    EXPECT_EQ(nullptr, value_of);  // not looked up after the missing one
-    EXPECT_FALSE(env->ExceptionCheck());
-
-    const jni::StaticMethod present[] = {
-        {&integer, "valueOf", "(I)Ljava/lang/Integer;", &value_of},
-    };
-    EXPECT_TRUE(jni::lookup_static_methods(env, present));
-    EXPECT_NE(nullptr, value_of);
 }
 
 TEST(ToolkitJvm, GlobalClassMissingLeavesNothingPendingAndResetWithAnEnvDeletesTheReference) {
@@ -114,26 +75,28 @@ TEST(ToolkitJvm, ArrayElementsReleasedEarlyAreCopiedBackOnce) {
     EXPECT_FALSE(env->ExceptionCheck());
 }
 
-TEST(ToolkitJvm, NotificationFailDescribesAndClearsTheExceptionAndAnswersTheFailureCode) {
-    JNIEnv* env = env_of_this_thread();
-    ASSERT_NE(nullptr, env);
-    CountingObserver observer;
-    observer.env = env;
-    {
-        jni::Notification call(observer, 0x04010A05);
-        ASSERT_TRUE(call.attached());
-        jni::LocalRef<jclass> runtime(env, env->FindClass("java/lang/RuntimeException"));
-        ASSERT_TRUE(runtime);
-        env->ThrowNew(runtime.get(), "thrown by the test");
-        ::testing::internal::CaptureStderr();
-        EXPECT_EQ(0x04010A05, call.fail());
-        const std::string described = ::testing::internal::GetCapturedStderr();
-        EXPECT_FALSE(env->ExceptionCheck());
-        EXPECT_NE(std::string::npos, described.find("thrown by the test")) << described;
-        EXPECT_EQ(0, observer.detaches);
-        // Without a pending exception fail() only answers the code.
-        EXPECT_EQ(0x04010A05, call.fail());
-    }
-    EXPECT_EQ(1, observer.attaches);
-    EXPECT_EQ(1, observer.detaches);
+TEST(ToolkitJvm, AttachScopeOnAThreadTheVmHasNotSeenAttachesItForItsLengthOnly) {
+    JavaVM* vm = nullptr;
+    jsize count = 0;
+    ASSERT_EQ(JNI_OK, JNI_GetCreatedJavaVMs(&vm, 1, &count));
+    ASSERT_EQ(1, count);
+    jint before = JNI_OK, inside = JNI_ERR, after = JNI_OK;
+    bool made_a_string = false;
+    std::thread device([&] {
+        JNIEnv* env = nullptr;
+        before = vm->GetEnv(reinterpret_cast<void**>(&env), tarnwick::kJniVersion);
+        {
+            jni::AttachScope scope(vm);
+            ASSERT_NE(nullptr, scope.env());
+            inside = vm->GetEnv(reinterpret_cast<void**>(&env), tarnwick::kJniVersion);
+            jni::LocalRef<jstring> s(scope.env(), scope.env()->NewStringUTF("device"));
+            made_a_string = static_cast<bool>(s);
+        }
+        after = vm->GetEnv(reinterpret_cast<void**>(&env), tarnwick::kJniVersion);
+    });
+    device.join();
+    EXPECT_EQ(JNI_EDETACHED, before);
+    EXPECT_EQ(JNI_OK, inside);
+    EXPECT_TRUE(made_a_string);
+    EXPECT_EQ(JNI_EDETACHED, after);
 }

@@ -27,7 +27,14 @@ std::future<unsigned long> FacadeThread::post(std::function<unsigned long()> not
 
 bool FacadeThread::on_this_thread() const { return std::this_thread::get_id() == id_; }
 
+namespace {
+thread_local bool t_facade_thread = false;
+}  // namespace
+
+bool FacadeThread::on_a_facade_thread() { return t_facade_thread; }
+
 void FacadeThread::run() {
+    t_facade_thread = true;
     for (;;) {
         std::packaged_task<unsigned long()> task;
         {

@@ -32,9 +32,16 @@ public:
         return out;
     }
 
-    // post() and wait. Called on the facade's own thread it delivers in place.
+    // Delivers before it returns and answers what the observers answered: in place on the
+    // facade's own thread, else on that thread while the caller waits. Raised on another
+    // facade's thread (an observer there calling into this facade) it is queued instead and
+    // answers nothing: two facade threads waiting for each other would hold both for good.
     Answers raise(std::function<unsigned long(Observer*)> fn) {
         if (thread_->on_this_thread()) return observers_.deliver(fn);
+        if (FacadeThread::on_a_facade_thread()) {
+            post(std::move(fn));
+            return {};
+        }
         return post(std::move(fn)).get();
     }
 

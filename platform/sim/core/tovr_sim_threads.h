@@ -23,6 +23,8 @@ public:
     ~FacadeThread() = delete;  // lives as long as the process: observers may still be reached at exit
     std::future<unsigned long> post(std::function<unsigned long()> notification);
     bool on_this_thread() const;
+    // True on the thread of any facade.
+    static bool on_a_facade_thread();
     const std::string& name() const { return name_; }
 
 private:

@@ -2,7 +2,14 @@ package tarnwick.zel.controller.event.proxy;
 
 import tarnwick.zel.controller.event.device.ICCardInfo;
 
-/** IC card reader events: a card was read, a card could not be read, the reader changed state. */
+/**
+ * IC card reader events: a card was read, a card could not be read, the reader changed state.
+ *
+ * <p>Listeners run on the access-control service's thread, one event at a time. An exception of a
+ * listener (the first, the others suppressed on it) is printed and cleared, and the reader is told
+ * the event failed; the listeners after it are called all the same. See the package description for
+ * what a listener may do.
+ */
 public final class AccProxy {
     /** Receives these events; every method has a do-nothing default. */
     public interface Listener {

@@ -1,6 +1,14 @@
 package tarnwick.zel.controller.event.proxy;
 
-/** Device-status events: key devices, covers, paper and toner, USB memory, sleep, logout, activations. */
+/**
+ * Device-status events: key devices, covers, paper and toner, USB memory, sleep, logout, activations.
+ *
+ * <p>Listeners run on the common service's thread (shared with {@link SynchronousEventProxy}), one
+ * event at a time. The device is told an event was handled whatever a listener throws; the first
+ * exception (the others suppressed on it) stays with the thread and comes out of the library call
+ * that caused the event when a listener of this service made it. See the package description for
+ * what a listener may do.
+ */
 public class CommonProxy extends SynchronousEventProxy {
     /** Receives device-status events; every method has a do-nothing default. */
     public interface Listener {

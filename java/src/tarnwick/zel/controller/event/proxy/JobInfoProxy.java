@@ -3,7 +3,15 @@ package tarnwick.zel.controller.event.proxy;
 import tarnwick.zel.controller.event.job.InterpreterInfo;
 import tarnwick.zel.controller.event.job.JobLogInfo;
 
-/** Per-page and per-job information: printed, scanned and faxed pages, job-log entries, interpreter starts. */
+/**
+ * Per-page and per-job information: printed, scanned and faxed pages, job-log entries, interpreter
+ * starts.
+ *
+ * <p>Listeners run on the job-information service's thread, one event at a time. An exception of a
+ * listener (the first, the others suppressed on it) is printed and cleared, and the device is told
+ * the event failed; the listeners after it are called all the same. See the package description for
+ * what a listener may do.
+ */
 public final class JobInfoProxy {
     /** Receives these events; every method has a do-nothing default. */
     public interface Listener {

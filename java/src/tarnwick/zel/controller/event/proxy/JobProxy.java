@@ -2,7 +2,15 @@ package tarnwick.zel.controller.event.proxy;
 
 import tarnwick.zel.controller.event.job.Job;
 
-/** Job events: state changes, scan progress, start prohibition, combination constraints, panel messages. */
+/**
+ * Job events: state changes, scan progress, start prohibition, combination constraints, panel
+ * messages.
+ *
+ * <p>Listeners run on the job service's thread, one event at a time. An exception of a listener (the
+ * first, the others suppressed on it) is printed and cleared, and the device is told the event
+ * failed; the listeners after it are called all the same. See the package description for what a
+ * listener may do.
+ */
 public final class JobProxy {
     /** Receives these events; every method has a do-nothing default. */
     public interface Listener {

@@ -6,7 +6,8 @@ import java.util.function.Consumer;
 
 /**
  * The listeners of one proxy. Events arrive on device threads while applications add and remove
- * listeners on their own threads; each event goes to the listeners registered when it arrives.
+ * listeners on their own threads; each event goes to the listeners registered when it arrives (a
+ * listener removed during a delivery may still receive that delivery).
  */
 final class Listeners<L> {
     private final List<L> list = new CopyOnWriteArrayList<>();
@@ -28,12 +29,30 @@ final class Listeners<L> {
         return list.size();
     }
 
-    /** Hands the event to every listener in registration order; a listener that throws ends the delivery. */
+    /**
+     * Hands the event to every listener in registration order, whatever any of them throws. When
+     * the last one has run, the first exception thrown goes on to the caller (the library), the
+     * later ones attached to it as suppressed.
+     */
     void each(Consumer<L> call) {
-        for (L l : list) call.accept(l);
+        Throwable first = null;
+        for (L l : list) {
+            try {
+                call.accept(l);
+            } catch (Throwable t) {
+                if (first == null) {
+                    first = t;
+                } else if (t != first) {
+                    first.addSuppressed(t);
+                }
+            }
+        }
+        if (first != null) throw Listeners.<RuntimeException>rethrow(first);
     }
 
-    Iterable<L> snapshot() {
-        return list;
+    // Throws `t` as it is, checked or not (a listener cannot declare one, but may throw one).
+    @SuppressWarnings("unchecked")
+    private static <T extends Throwable> T rethrow(Throwable t) throws T {
+        throw (T) t;
     }
 }

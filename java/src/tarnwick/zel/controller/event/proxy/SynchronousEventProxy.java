@@ -6,6 +6,11 @@ package tarnwick.zel.controller.event.proxy;
  *
  * <p>{@link CommonProxy} extends this class: the library asks {@code firePrepareActivationEvent}
  * through the CommonProxy class with the method of this class.
+ *
+ * <p>Listeners run on the common service's thread, one event at a time, as those of
+ * {@link CommonProxy} do, and their exceptions go the same way. A listener that throws while an
+ * activation is being prepared counts as a refusal. See the package description for what a listener
+ * may do.
  */
 public class SynchronousEventProxy {
     /** Receives synchronous events; every method has a do-nothing default. */
@@ -46,13 +51,11 @@ public class SynchronousEventProxy {
         LISTENERS.each(l -> l.networkRestart(type));
     }
 
-    /** True when no listener refuses; with no listener at all nobody refuses. */
+    /** True when no listener refuses; with no listener at all nobody refuses. Every listener is asked. */
     public static boolean firePrepareActivationEvent(int scenario, long value) {
-        boolean ready = true;
-        for (Listener l : LISTENERS.snapshot()) {
-            ready &= l.prepareActivation(scenario, value);
-        }
-        return ready;
+        boolean[] ready = {true};
+        LISTENERS.each(l -> ready[0] &= l.prepareActivation(scenario, value));
+        return ready[0];
     }
 
     public static void fireResidentAppsStateChanged(int state) {
