@@ -1,5 +1,6 @@
 #include "cmt_address_book.h"
 
+#include <climits>
 #include <cstring>
 
 #include "CJvm.h"
@@ -14,6 +15,8 @@
 #include "cmt_trace.h"
 #include "emw_osw_mem.h"
 #include "esv_zel_common_facade.h"
+#include "tovr_jni.h"
+#include "tovr_jni_class.h"
 
 #define CMT_TRACE_MODULE "cmt_address_book"
 
@@ -26,11 +29,17 @@ constexpr unsigned int kCountBatch = 20;
 constexpr std::size_t kCountBufferSize = kCountBatch * sizeof(ESV_ZEL_PERSONAL_ADDRESS);  // 42400
 static_assert(kCountBufferSize == 42400, "20 records");
 
-// Local references one address needs: six sub-objects, the address and up to 28 strings, one
-// at a time.
-constexpr jint kAddressFrame = 16;
+// Local references one address makes: six sub-objects, the address and its 17 strings.
+constexpr jint kAddressFrame = 32;
 
 const char kSearchKeyClass[] = "tarnwick/address/SearchKey";
+
+// The key's class and its "name" field: found once per process, by whichever thread searches first.
+jni::JavaClass& search_key_class() {
+    static const jni::Member members[] = {{jni::Member::kField, "name", "Ljava/lang/String;"}};
+    static jni::JavaClass holder(kSearchKeyClass, members);
+    return holder;
+}
 
 esv_zel_common_facade* facade() { return esv_zel_common_facade::esv_zel_common_get_instance(); }
 
@@ -104,7 +113,6 @@ jobject build_address(const ESV_ZEL_PERSONAL_ADDRESS& record, cmt_email_info& em
 
 cmt_address_book::cmt_address_book() {}
 
-// The key class is a global reference: it goes with the object.
 cmt_address_book::~cmt_address_book() {}
 
 jobjectArray cmt_address_book::search_address(int type, jobject key) {
@@ -123,20 +131,15 @@ jobjectArray cmt_address_book::search_personal_address(jobject key) {
         CMT_TRACE(kTraceError, "Fail to get JNIEnv.");
         return nullptr;
     }
-    // Looked up by the first search of this object and kept: later searches, on any thread,
-    // only read them.
-    if (!search_key_class_ || search_key_name_ == nullptr) {
-        if (!search_key_class_.find(env, kSearchKeyClass)) {
-            search_key_name_ = nullptr;
-            CMT_TRACE(kTraceError, "Fail to find %s.", kSearchKeyClass);
-            return nullptr;
-        }
-        search_key_name_ = env->GetFieldID(search_key_class_.get(), "name", "Ljava/lang/String;");
-        if (search_key_name_ == nullptr) {
-            jni::failed(env);
-            CMT_TRACE(kTraceError, "Fail to find %s.name.", kSearchKeyClass);
-            return nullptr;
-        }
+    jclass key_class = search_key_class().get(env);
+    if (key_class == nullptr) {
+        CMT_TRACE(kTraceError, "Fail to find %s.", kSearchKeyClass);
+        return nullptr;
+    }
+    jfieldID key_name = search_key_class().field(0);
+    if (key_name == nullptr) {
+        CMT_TRACE(kTraceError, "Fail to find %s.name.", kSearchKeyClass);
+        return nullptr;
     }
 
     // First pass: count the matches.
@@ -149,12 +152,12 @@ jobjectArray cmt_address_book::search_personal_address(jobject key) {
     }
 
     // A key of another class, or one without a name, is a missing key.
-    if (!env->IsInstanceOf(key, search_key_class_.get())) {
+    if (!env->IsInstanceOf(key, key_class)) {
         facade()->esv_zel_search_personal_address_list_finish(handle);
         CMT_TRACE(kTraceError, "keyObj is not a SearchKey");
         return nullptr;
     }
-    jni::LocalRef<jstring> name_string(env, static_cast<jstring>(env->GetObjectField(key, search_key_name_)));
+    jni::LocalRef<jstring> name_string(env, static_cast<jstring>(env->GetObjectField(key, key_name)));
     if (!name_string) {
         facade()->esv_zel_search_personal_address_list_finish(handle);
         CMT_TRACE(kTraceError, "keyObj.name==NULL");
@@ -190,7 +193,8 @@ jobjectArray cmt_address_book::search_personal_address(jobject key) {
             facade()->esv_zel_search_personal_address_list_finish(handle);
             return nullptr;
         }
-        total += static_cast<int>(ret_num);
+        // Claimed counts saturate at the largest int: no array is made of that many.
+        total = ret_num > static_cast<unsigned int>(INT_MAX - total) ? INT_MAX : total + static_cast<int>(ret_num);
         if (ret_num < kCountBatch) break;
         ret_num = kCountBatch;
     }
@@ -237,22 +241,25 @@ jobjectArray cmt_address_book::search_personal_address(jobject key) {
             env->DeleteLocalRef(array);
             return nullptr;
         }
-        if (ret_num == 0) {
-            // The book lost matches since they were counted: the rest of the array stays null.
+        // A fetch that succeeds with nothing (the book lost matches since they were counted)
+        // still gives an address, made from the zero-filled record: the array never holds null
+        // where the count said an address would be. No room for one more address's local
+        // references is a failure of this step.
+        jni::LocalFrame frame(env, kAddressFrame);
+        if (!frame.ok()) {
             emwOSWOrgFreeMemPart(0, record);
-            CMT_TRACE(kTraceError, "No more match at index [%d] of [%d]", index, total);
-            break;
+            facade()->esv_zel_search_personal_address_list_finish(handle);
+            env->DeleteLocalRef(array);
+            return nullptr;
         }
-        {
-            jni::LocalFrame frame(env, kAddressFrame);
-            if (!frame.ok()) {
-                emwOSWOrgFreeMemPart(0, record);
-                continue;
-            }
-            jobject address = build_address(*record, email, fax, ftp, ifax, name_info, smb, personal);
-            emwOSWOrgFreeMemPart(0, record);
-            env->SetObjectArrayElement(array, index, address);
-            jni::failed(env);
+        jobject address = build_address(*record, email, fax, ftp, ifax, name_info, smb, personal);
+        emwOSWOrgFreeMemPart(0, record);
+        env->SetObjectArrayElement(array, index, address);
+        if (jni::failed(env)) {
+            facade()->esv_zel_search_personal_address_list_finish(handle);
+            frame.pop();
+            env->DeleteLocalRef(array);
+            return nullptr;
         }
     }
     env->ReleaseStringUTFChars(name_string.get(), name);

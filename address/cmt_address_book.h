@@ -5,8 +5,6 @@
 
 #include <jni.h>
 
-#include "tovr_jni.h"
-
 namespace tarnwick {
 
 /**
@@ -39,10 +37,6 @@ public:
 private:
     cmt_address_book(const cmt_address_book&);
     cmt_address_book& operator=(const cmt_address_book&);
-
-    /** The key's class, kept across calls as a global reference, and its "name" field. */
-    jni::GlobalClass search_key_class_;
-    jfieldID search_key_name_ = nullptr;
 };
 
 }  // namespace tarnwick

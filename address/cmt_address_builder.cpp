@@ -1,12 +1,25 @@
 #include "cmt_address_builder.h"
 
+#include <cstring>
+
 #include "CJvm.h"
 #include "cmt_trace.h"
 #include "tovr_jni.h"
+#include "tovr_jni_class.h"
+#include "tovr_jni_text.h"
 
 namespace tarnwick {
 
-cmt_address_builder::cmt_address_builder(const char* module, const char* class_path) {
+const jni::Member kServerInfoMembers[6] = {
+    {jni::Member::kConstructor, "<init>", "()V"},
+    {jni::Member::kField, "host", "Ljava/lang/String;"},
+    {jni::Member::kField, "path", "Ljava/lang/String;"},
+    {jni::Member::kField, "port", "I"},
+    {jni::Member::kField, "loginName", "Ljava/lang/String;"},
+    {jni::Member::kField, "password", "Ljava/lang/String;"},
+};
+
+cmt_address_builder::cmt_address_builder(const char* module, jni::JavaClass& java_class) : class_(java_class) {
     env_ = CJvm::GetJNIEnv();
     if (env_ == nullptr) {
 #define CMT_TRACE_MODULE module
@@ -14,40 +27,33 @@ cmt_address_builder::cmt_address_builder(const char* module, const char* class_p
 #undef CMT_TRACE_MODULE
         return;
     }
-    class_ = env_->FindClass(class_path);
-    if (class_ == nullptr) {
-        jni::failed(env_);
-        return;
-    }
-    constructor_ = env_->GetMethodID(class_, "<init>", "()V");
-    if (constructor_ == nullptr) jni::failed(env_);
+    found_ = class_.get(env_);
 }
 
-// Releases nothing: the class is a local reference that goes when the native call returns.
+// Releases nothing: the class belongs to its holder.
 cmt_address_builder::~cmt_address_builder() {}
 
+jclass cmt_address_builder::found_class() const { return env_ != nullptr ? found_ : nullptr; }
+
+jfieldID cmt_address_builder::field(std::size_t i) const { return found_ != nullptr ? class_.field(i) : nullptr; }
+
 jobject cmt_address_builder::create_object() {
-    if (env_ == nullptr || class_ == nullptr || constructor_ == nullptr) return nullptr;
-    jobject obj = env_->NewObject(class_, constructor_);
-    if (jni::failed(env_)) {
-        if (obj != nullptr) env_->DeleteLocalRef(obj);
-        return nullptr;
-    }
+    if (found_ == nullptr || class_.method(0) == nullptr) return nullptr;
+    // NewObject answers null exactly when the constructor threw (or no object could be had).
+    jobject obj = class_.create(env_, 0);
+    if (obj == nullptr) jni::failed(env_);
     return obj;
 }
 
-jfieldID cmt_address_builder::field(const char* name, const char* signature) {
-    if (env_ == nullptr || class_ == nullptr) return nullptr;
-    jfieldID id = env_->GetFieldID(class_, name, signature);
-    if (id == nullptr) jni::failed(env_);
-    return id;
-}
-
+// The string is a local reference of the search's frame for this address.
 void cmt_address_builder::set_text(jobject obj, jfieldID id, const char* value) {
     if (env_ == nullptr || obj == nullptr || id == nullptr || value == nullptr) return;
-    jni::LocalRef<jstring> s(env_, env_->NewStringUTF(value));
-    if (jni::failed(env_) || !s) return;
-    env_->SetObjectField(obj, id, s.get());
+    jstring s = jni::new_field_string(env_, value, std::strlen(value) + 1);
+    if (s == nullptr) {
+        jni::failed(env_);  // no room for it: described and cleared, the field stays as it was
+        return;
+    }
+    env_->SetObjectField(obj, id, s);
 }
 
 void cmt_address_builder::set_byte(jobject obj, jfieldID id, signed char value) {

@@ -1,9 +1,24 @@
 #include "cmt_email_info.h"
 
+#include "tovr_jni_class.h"
+
 namespace tarnwick {
 
-cmt_email_info::cmt_email_info() : cmt_address_builder("cmt_email_info", "tarnwick/zel/address/attribute/EmailInfoImpl") {
-    mail_address_ = field("mailAddress", "Ljava/lang/String;");
+namespace {
+
+jni::JavaClass& java_class() {
+    static const jni::Member members[] = {
+        {jni::Member::kConstructor, "<init>", "()V"},
+        {jni::Member::kField, "mailAddress", "Ljava/lang/String;"},
+    };
+    static jni::JavaClass holder("tarnwick/zel/address/attribute/EmailInfoImpl", members);
+    return holder;
+}
+
+}  // namespace
+
+cmt_email_info::cmt_email_info() : cmt_address_builder("cmt_email_info", java_class()) {
+    mail_address_ = field(1);
 }
 
 cmt_email_info::~cmt_email_info() {}

@@ -1,20 +1,46 @@
 #include "cmt_fax_info.h"
 
+#include "tovr_jni_class.h"
+
 namespace tarnwick {
 
-cmt_fax_info::cmt_fax_info() : cmt_address_builder("cmt_fax_info", "tarnwick/zel/address/attribute/FaxInfoImpl") {
-    fax_num_ = field("faxNum", "Ljava/lang/String;");
-    bitrate_type_ = field("bitrateType", "B");
-    ecm_ = field("ecm", "B");
-    fax_address_ = field("faxAddress", "Ljava/lang/String;");
-    encode_ = field("encode", "B");
-    encode_id_ = field("encodeID", "B");
-    encode_box_ = field("encodeBox", "B");
-    encode_box_num_ = field("encodeBoxNum", "B");
-    name_ = field("name", "Ljava/lang/String;");
-    department_ = field("department", "Ljava/lang/String;");
-    company_ = field("company", "Ljava/lang/String;");
-    honorific_title_type_ = field("honorificTitleType", "B");
+namespace {
+
+jni::JavaClass& java_class() {
+    static const jni::Member members[] = {
+        {jni::Member::kConstructor, "<init>", "()V"},
+        {jni::Member::kField, "faxNum", "Ljava/lang/String;"},
+        {jni::Member::kField, "bitrateType", "B"},
+        {jni::Member::kField, "ecm", "B"},
+        {jni::Member::kField, "faxAddress", "Ljava/lang/String;"},
+        {jni::Member::kField, "encode", "B"},
+        {jni::Member::kField, "encodeID", "B"},
+        {jni::Member::kField, "encodeBox", "B"},
+        {jni::Member::kField, "encodeBoxNum", "B"},
+        {jni::Member::kField, "name", "Ljava/lang/String;"},
+        {jni::Member::kField, "department", "Ljava/lang/String;"},
+        {jni::Member::kField, "company", "Ljava/lang/String;"},
+        {jni::Member::kField, "honorificTitleType", "B"},
+    };
+    static jni::JavaClass holder("tarnwick/zel/address/attribute/FaxInfoImpl", members);
+    return holder;
+}
+
+}  // namespace
+
+cmt_fax_info::cmt_fax_info() : cmt_address_builder("cmt_fax_info", java_class()) {
+    fax_num_ = field(1);
+    bitrate_type_ = field(2);
+    ecm_ = field(3);
+    fax_address_ = field(4);
+    encode_ = field(5);
+    encode_id_ = field(6);
+    encode_box_ = field(7);
+    encode_box_num_ = field(8);
+    name_ = field(9);
+    department_ = field(10);
+    company_ = field(11);
+    honorific_title_type_ = field(12);
 }
 
 cmt_fax_info::~cmt_fax_info() {}

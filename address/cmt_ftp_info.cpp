@@ -2,12 +2,21 @@
 
 namespace tarnwick {
 
-cmt_ftp_info::cmt_ftp_info() : cmt_address_builder("cmt_ftp_info", "tarnwick/zel/address/attribute/FtpInfoImpl") {
-    host_ = field("host", "Ljava/lang/String;");
-    path_ = field("path", "Ljava/lang/String;");
-    port_ = field("port", "I");
-    login_name_ = field("loginName", "Ljava/lang/String;");
-    password_ = field("password", "Ljava/lang/String;");
+namespace {
+
+jni::JavaClass& java_class() {
+    static jni::JavaClass holder("tarnwick/zel/address/attribute/FtpInfoImpl", kServerInfoMembers);
+    return holder;
+}
+
+}  // namespace
+
+cmt_ftp_info::cmt_ftp_info() : cmt_address_builder("cmt_ftp_info", java_class()) {
+    host_ = field(1);
+    path_ = field(2);
+    port_ = field(3);
+    login_name_ = field(4);
+    password_ = field(5);
 }
 
 cmt_ftp_info::~cmt_ftp_info() {}

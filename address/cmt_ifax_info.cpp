@@ -1,13 +1,32 @@
 #include "cmt_ifax_info.h"
 
+#include "tovr_jni_class.h"
+
 namespace tarnwick {
 
-cmt_ifax_info::cmt_ifax_info() : cmt_address_builder("cmt_ifax_info", "tarnwick/zel/address/attribute/IfaxInfoImpl") {
-    ifax_address_ = field("ifaxAddress", "Ljava/lang/String;");
-    mode_type_ = field("modeType", "B");
-    size_type_ = field("sizeType", "B");
-    resolution_type_ = field("resolutionType", "B");
-    file_type_ = field("fileType", "B");
+namespace {
+
+jni::JavaClass& java_class() {
+    static const jni::Member members[] = {
+        {jni::Member::kConstructor, "<init>", "()V"},
+        {jni::Member::kField, "ifaxAddress", "Ljava/lang/String;"},
+        {jni::Member::kField, "modeType", "B"},
+        {jni::Member::kField, "sizeType", "B"},
+        {jni::Member::kField, "resolutionType", "B"},
+        {jni::Member::kField, "fileType", "B"},
+    };
+    static jni::JavaClass holder("tarnwick/zel/address/attribute/IfaxInfoImpl", members);
+    return holder;
+}
+
+}  // namespace
+
+cmt_ifax_info::cmt_ifax_info() : cmt_address_builder("cmt_ifax_info", java_class()) {
+    ifax_address_ = field(1);
+    mode_type_ = field(2);
+    size_type_ = field(3);
+    resolution_type_ = field(4);
+    file_type_ = field(5);
 }
 
 cmt_ifax_info::~cmt_ifax_info() {}

@@ -1,10 +1,26 @@
 #include "cmt_name_info.h"
 
+#include "tovr_jni_class.h"
+
 namespace tarnwick {
 
-cmt_name_info::cmt_name_info() : cmt_address_builder("cmt_name_info", "tarnwick/zel/address/attribute/NameInfoImpl") {
-    name_ = field("name", "Ljava/lang/String;");
-    pronunciation_ = field("pronunciation", "Ljava/lang/String;");
+namespace {
+
+jni::JavaClass& java_class() {
+    static const jni::Member members[] = {
+        {jni::Member::kConstructor, "<init>", "()V"},
+        {jni::Member::kField, "name", "Ljava/lang/String;"},
+        {jni::Member::kField, "pronunciation", "Ljava/lang/String;"},
+    };
+    static jni::JavaClass holder("tarnwick/zel/address/attribute/NameInfoImpl", members);
+    return holder;
+}
+
+}  // namespace
+
+cmt_name_info::cmt_name_info() : cmt_address_builder("cmt_name_info", java_class()) {
+    name_ = field(1);
+    pronunciation_ = field(2);
 }
 
 cmt_name_info::~cmt_name_info() {}

@@ -1,17 +1,35 @@
 #include "cmt_personal_address.h"
 
 #include "tovr_jni.h"
+#include "tovr_jni_class.h"
 
 namespace tarnwick {
 
-cmt_personal_address::cmt_personal_address()
-    : cmt_address_builder("cmt_personal_address", "tarnwick/zel/address/PersonalAddressImpl") {
-    name_ = field("name", "Ltarnwick/zel/address/attribute/NameInfoImpl;");
-    email_ = field("email", "Ltarnwick/zel/address/attribute/EmailInfoImpl;");
-    ftp_ = field("ftp", "Ltarnwick/zel/address/attribute/FtpInfoImpl;");
-    smb_ = field("smb", "Ltarnwick/zel/address/attribute/SmbInfoImpl;");
-    fax_ = field("fax", "Ltarnwick/zel/address/attribute/FaxInfoImpl;");
-    ifax_ = field("ifax", "Ltarnwick/zel/address/attribute/IfaxInfoImpl;");
+namespace {
+
+jni::JavaClass& java_class() {
+    static const jni::Member members[] = {
+        {jni::Member::kConstructor, "<init>", "()V"},
+        {jni::Member::kField, "name", "Ltarnwick/zel/address/attribute/NameInfoImpl;"},
+        {jni::Member::kField, "email", "Ltarnwick/zel/address/attribute/EmailInfoImpl;"},
+        {jni::Member::kField, "ftp", "Ltarnwick/zel/address/attribute/FtpInfoImpl;"},
+        {jni::Member::kField, "smb", "Ltarnwick/zel/address/attribute/SmbInfoImpl;"},
+        {jni::Member::kField, "fax", "Ltarnwick/zel/address/attribute/FaxInfoImpl;"},
+        {jni::Member::kField, "ifax", "Ltarnwick/zel/address/attribute/IfaxInfoImpl;"},
+    };
+    static jni::JavaClass holder("tarnwick/zel/address/PersonalAddressImpl", members);
+    return holder;
+}
+
+}  // namespace
+
+cmt_personal_address::cmt_personal_address() : cmt_address_builder("cmt_personal_address", java_class()) {
+    name_ = field(1);
+    email_ = field(2);
+    ftp_ = field(3);
+    smb_ = field(4);
+    fax_ = field(5);
+    ifax_ = field(6);
 }
 
 cmt_personal_address::~cmt_personal_address() {}
@@ -24,8 +42,9 @@ void cmt_personal_address::set_field_fax(jobject obj, jobject value) { set_objec
 void cmt_personal_address::set_field_ifax(jobject obj, jobject value) { set_object(obj, ifax_, value); }
 
 jobjectArray cmt_personal_address::create_object_array(int n) {
-    if (env_ == nullptr || class_ == nullptr || n < 0) return nullptr;
-    jobjectArray array = env_->NewObjectArray(n, class_, nullptr);
+    jclass cls = found_class();
+    if (cls == nullptr || n < 0) return nullptr;
+    jobjectArray array = env_->NewObjectArray(n, cls, nullptr);
     if (jni::failed(env_)) return nullptr;
     return array;
 }

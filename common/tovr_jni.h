@@ -9,7 +9,6 @@
 #include <jni.h>
 
 #include <cstddef>
-#include <cstring>
 #include <utility>
 
 #include "CJvm.h"
@@ -250,16 +249,6 @@ public:
 private:
     jclass cls_ = nullptr;
 };
-
-// A Java string of a record's fixed text field, read within the field even when the device
-// left it unterminated. Null, with the VM's exception pending, when it cannot be made.
-template <std::size_t N>
-jstring new_string_of_field(JNIEnv* env, const char (&field)[N]) {
-    char text[N + 1];
-    std::memcpy(text, field, N);
-    text[N] = '\0';
-    return env->NewStringUTF(text);
-}
 
 }  // namespace jni
 }  // namespace tarnwick

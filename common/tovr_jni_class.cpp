@@ -6,10 +6,45 @@
 namespace tarnwick {
 namespace jni {
 
+namespace {
+
+std::mutex& holders_lock() {
+    static std::mutex m;
+    return m;
+}
+
+JavaClass*& holders() {
+    static JavaClass* first = nullptr;
+    return first;
+}
+
+}  // namespace
+
 JavaClass::JavaClass(const char* path, const Member* members, std::size_t count)
-    : path_(path), members_(members), count_(count), ids_(new void*[count]()) {}
+    : path_(path), members_(members), count_(count), ids_(new void*[count]()) {
+    std::lock_guard<std::mutex> lock(holders_lock());
+    next_ = holders();
+    holders() = this;
+}
+
+void JavaClass::forget_all() {
+    std::lock_guard<std::mutex> lock(holders_lock());
+    for (JavaClass* h = holders(); h != nullptr; h = h->next_) {
+        h->class_.store(nullptr, std::memory_order_release);
+        for (std::size_t i = 0; i < h->count_; ++i) h->ids_[i] = nullptr;
+    }
+}
 
 JavaClass::~JavaClass() {
+    {
+        std::lock_guard<std::mutex> lock(holders_lock());
+        for (JavaClass** p = &holders(); *p != nullptr; p = &(*p)->next_) {
+            if (*p == this) {
+                *p = next_;
+                break;
+            }
+        }
+    }
     jclass cls = class_.load(std::memory_order_acquire);
     if (cls != nullptr) {
         JavaVM* vm = nullptr;
@@ -64,6 +99,15 @@ jclass JavaClass::find(JNIEnv* env) {
         return nullptr;
     }
     class_.store(cls, std::memory_order_release);
+    return cls;
+}
+
+jclass JavaClass::require(JNIEnv* env) {
+    jclass cls = get(env);
+    if (cls == nullptr && !env->ExceptionCheck()) {
+        LocalRef<jclass> error(env, env->FindClass("java/lang/NoClassDefFoundError"));
+        if (error) env->ThrowNew(error.get(), path_);
+    }
     return cls;
 }
 

@@ -54,6 +54,10 @@ public:
     // Safe from any number of threads at once.
     jclass get(JNIEnv* env);
 
+    // As get(), for a caller that leaves its failures to its Java caller: a class that cannot be
+    // found leaves NoClassDefFoundError (naming the class) pending.
+    jclass require(JNIEnv* env);
+
     // After get() answered the class: member `i` of the list given at construction, null when
     // the class has none such. Before that, null.
     jmethodID method(std::size_t i) const;
@@ -66,6 +70,10 @@ public:
 
     const char* path() const { return path_; }
 
+    // Every holder of the process forgets its class and IDs without releasing them, as if never
+    // used: for tests that replace the VM between cases. Not while any holder is in use.
+    static void forget_all();
+
 private:
     jclass find(JNIEnv* env);
 
@@ -75,6 +83,7 @@ private:
     void** const ids_;  // one per member; written before class_ is published
     std::atomic<jclass> class_{nullptr};
     std::mutex lookup_;
+    JavaClass* next_ = nullptr;  // every holder of the process, for forget_all()
 };
 
 }  // namespace jni

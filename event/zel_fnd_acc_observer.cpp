@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "cmt_trace.h"
+#include "tovr_jni_text.h"
 #include "emw_osw_mem.h"
 #include "zel_fnd_card_data.h"
 
@@ -124,7 +125,7 @@ int zel_fnd_acc_observer::notify_iccard_detect(ESV_ZEL_ACC_ICCARD_INFO& card_inf
     mid = card_method(card_class, kSetCardId,
                       "jnienv_->GetMethodID(jcls_iccard_info_, setCardId, (Ljava/lang/String;)V) mid = 0");
     if (mid == nullptr) return call.fail();
-    jni::LocalRef<jstring> jstr_card_id(env, jni::new_string_of_field(env, card_info.card_id));
+    jni::LocalRef<jstring> jstr_card_id(env, jni::new_field_string(env, card_info.card_id));
     if (!jstr_card_id) {
         CMT_TRACE(kTraceError, "jnienv_->NewStringUTF(card_info.card_id) obj = NULL");
         return call.fail();

@@ -4,6 +4,7 @@
 #include <cstddef>
 
 #include "cmt_trace.h"
+#include "tovr_jni_text.h"
 
 #define CMT_TRACE_MODULE "zel_fnd_job_observer"
 
@@ -180,7 +181,7 @@ long zel_fnd_job_observer::notify_job_state_changed(ESV_ZEL_JOB_STATE state) {
     const jmethodID set_user_name =
         job_method(kSetUserName, "jnienv_->GetMethodID(jcls_job_, setUserName, (Ljava/lang/String;)V) mid = 0");
     if (set_user_name == nullptr) return call.fail();
-    jni::LocalRef<jstring> juser_name(env, jni::new_string_of_field(env, state.user_name));
+    jni::LocalRef<jstring> juser_name(env, jni::new_field_string(env, state.user_name));
     if (!juser_name) {
         CMT_TRACE(kTraceError, "jnienv_->NewStringUTF(state.user_name) obj = NULL");
         return call.fail();

@@ -1,6 +1,7 @@
 #include "CMT_StorageIO.h"
 
 #include "cmt_storage_names.h"
+#include "tovr_field_text.h"
 #include "dvu_dio.h"
 
 namespace tarnwick {
@@ -105,7 +106,7 @@ std::string CMT_StorageIO::readdir(unsigned long dir, int& result) {
     }
     result = 0;
     std::string name = cmt_storage_entry_name(entry);
-    return cmt_storage_name_to_java(name.data(), name.size());
+    return to_modified_utf8(name.data(), name.size());
 }
 
 int CMT_StorageIO::closedir(unsigned long dir) { return getReturnValue(dvu_dio_closedir(dir)); }

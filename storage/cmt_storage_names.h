@@ -22,25 +22,13 @@ bool cmt_storage_is_file(const DVU_DIO_STAT& status);
 std::uint32_t cmt_storage_size(const DVU_DIO_STAT& status);
 std::uint32_t cmt_storage_mtime(const DVU_DIO_STAT& status);
 
-// Medium bytes -> modified UTF-8 that NewStringUTF accepts as it stands:
-// - well-formed UTF-8 of 1 to 3 bytes is kept;
-// - a well-formed 4-byte sequence becomes its surrogate pair (two 3-byte sequences);
-// - every other byte 0x80..0xFF (stray continuation, overlong or truncated sequence, encoded
-//   surrogate, code point above U+10FFFF) becomes the lone low surrogate U+DC80..U+DCFF, so no
-//   byte is lost and the name can be turned back by cmt_storage_name_from_java;
-// - a NUL ends the name (it cannot occur inside one).
-std::string cmt_storage_name_to_java(const char* bytes, std::size_t length);
+// Medium bytes -> modified UTF-8 is the one text conversion of tovr_field_text.h
+// (to_modified_utf8): every byte that is not kept becomes U+DC80..U+DCFF, which the function
+// below turns back.
 
 // Modified UTF-8 of a Java string -> medium bytes: surrogate pairs become 4-byte UTF-8, the
 // escapes U+DC80..U+DCFF become their byte again; everything else passes unchanged.
 std::string cmt_storage_name_from_java(const std::string& text);
-
-// Text of at most `max` bytes (up to the first NUL) made fit for NewStringUTF: kept when it is
-// modified UTF-8 already (as from a Java string), else converted by cmt_storage_name_to_java.
-std::string cmt_storage_java_text(const char* text, std::size_t max);
-
-// True when `text` is modified UTF-8 that a JVM accepts (what cmt_storage_name_to_java makes).
-bool cmt_storage_is_modified_utf8(const std::string& text);
 
 }  // namespace tarnwick
 

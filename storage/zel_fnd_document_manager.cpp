@@ -1,14 +1,17 @@
 #include "zel_fnd_document_manager.h"
 
+#include <cstdint>
 #include <cstring>
-#include <memory>
+#include <new>
 
 #include "CJvm.h"
 #include "cmt_trace.h"
 #include "emw_osw_mem.h"
 #include "esv_zel_common_facade.h"
 #include "osw_thread_guard.h"
+#include "tovr_field_text.h"
 #include "tovr_jni.h"
+#include "tovr_jni_class.h"
 #include "zel_fnd_removable_memory_file.h"
 #include "zel_fnd_removable_memory_file_info.h"
 
@@ -22,10 +25,16 @@ namespace {
 
 esv_zel_common_facade* facade() { return esv_zel_common_facade::esv_zel_common_get_instance(); }
 
-// A text field of the record, bounded by its size whether or not the facade terminated it.
-std::string field_text(const char* field, std::size_t size) {
-    const void* end = std::memchr(field, 0, size);
-    return std::string(field, end ? static_cast<std::size_t>(static_cast<const char*>(end) - field) : size);
+// The length of a text field of the record, never past its size (traced as it stands).
+template <std::size_t N>
+int raw_length(const char (&field)[N]) {
+    return static_cast<int>(strnlen(field, N));
+}
+
+jni::JavaClass& array_list_class() {
+    static const jni::Member members[] = {{jni::Member::kMethod, "add", "(Ljava/lang/Object;)Z"}};
+    static jni::JavaClass holder("java/util/ArrayList", members);
+    return holder;
 }
 
 // Local references of one entry: strings, calendar, date, info and file objects.
@@ -83,15 +92,14 @@ int zel_fnd_document_manager::zel_fnd_get_easy_box_list(const std::string& path,
         return 0;
     }
 
-    jni::LocalRef<jclass> array_list(env, env->FindClass("java/util/ArrayList"));
-    jmethodID add = array_list ? env->GetMethodID(array_list.get(), "add", "(Ljava/lang/Object;)Z") : nullptr;
+    jclass array_list = array_list_class().get(env);
+    jmethodID add = array_list ? array_list_class().method(0) : nullptr;
     if (add == nullptr) {
-        jni::failed(env);
         finish();
         CMT_TRACE(kTraceError, "java/util/ArrayList.add not found.");
         return 1;
     }
-    if (list == nullptr || !env->IsInstanceOf(list, array_list.get())) {
+    if (list == nullptr || !env->IsInstanceOf(list, array_list)) {
         finish();
         CMT_TRACE(kTraceError, "list is not a java.util.ArrayList.");
         return 1;
@@ -112,52 +120,53 @@ int zel_fnd_document_manager::zel_fnd_get_easy_box_list(const std::string& path,
 
     zel_fnd_removable_memory_file_info info_builder;
     zel_fnd_removable_memory_file file_builder;
-    for (unsigned int count = 0; count < total_num; ++count) {
-        unsigned int get_num = 0;
-        rc = facade()->esv_zel_get_easy_box_info(handle, get_num, easy_box_info);
-        if (rc != 0) {
-            emwOSWOrgFreeMemPart(0, easy_box_info);
-            finish();
-            CMT_TRACE(kTraceError, "result(%d)", static_cast<int>(rc));
-            return 1;
-        }
-        if (get_num == 0) {
-            CMT_TRACE(kTraceFlow, "get_num = %d", get_num);
-            continue;
-        }
-        std::string name = field_text(easy_box_info->name, sizeof easy_box_info->name);
-        std::string entry_path = field_text(easy_box_info->path, sizeof easy_box_info->path);
-        long size = static_cast<long>(easy_box_info->size);
-        long date = static_cast<long>(easy_box_info->date);
-        int type = static_cast<int>(easy_box_info->type);
-        CMT_TRACE(kTraceFlow, "count=(%d), total_num=(%d), get_num=(%d)", count, total_num, get_num);
-        CMT_TRACE(kTraceFlow, "name=(%s)", name.c_str());
-        CMT_TRACE(kTraceFlow, "size=(%ld)", size);
-        CMT_TRACE(kTraceFlow, "date=(%ld)", date);
-        CMT_TRACE(kTraceFlow, "path=(%s)", entry_path.c_str());
-        CMT_TRACE(kTraceFlow, "type=(%d)", type);
-        CMT_TRACE(kTraceFlow, "-------------------------------------------");
+    if (!info_builder.ready_ || !file_builder.ready_) return fail();
+    // A native allocation that fails inside an entry (its texts) ends the listing like a failed
+    // Java step: the buffer goes back and the listing is finished.
+    try {
+        for (unsigned int count = 0; count < total_num; ++count) {
+            unsigned int get_num = 0;
+            rc = facade()->esv_zel_get_easy_box_info(handle, get_num, easy_box_info);
+            if (rc != 0) {
+                fail();
+                CMT_TRACE(kTraceError, "result(%d)", static_cast<int>(rc));
+                return 1;
+            }
+            if (get_num == 0) {
+                CMT_TRACE(kTraceFlow, "get_num = %d", get_num);
+                continue;
+            }
+            // Traced as the device's 32-bit long prints them.
+            long size = static_cast<long>(static_cast<std::int32_t>(easy_box_info->size));
+            long date = static_cast<long>(easy_box_info->date);
+            int type = static_cast<int>(easy_box_info->type);
+            CMT_TRACE(kTraceFlow, "count=(%d), total_num=(%d), get_num=(%d)", count, total_num, get_num);
+            CMT_TRACE(kTraceFlow, "name=(%.*s)", raw_length(easy_box_info->name), easy_box_info->name);
+            CMT_TRACE(kTraceFlow, "size=(%ld)", size);
+            CMT_TRACE(kTraceFlow, "date=(%ld)", date);
+            CMT_TRACE(kTraceFlow, "path=(%.*s)", raw_length(easy_box_info->path), easy_box_info->path);
+            CMT_TRACE(kTraceFlow, "type=(%d)", type);
+            CMT_TRACE(kTraceFlow, "-------------------------------------------");
 
-        jni::LocalFrame frame(env, kEntryFrame);
-        if (!frame.ok()) return fail();
-        jobject info = info_builder.create_removable_memory_file_info();
-        if (jni::pending(env) || info == nullptr) return fail();
-        info_builder.set_field_name(info, &name[0]);
-        if (jni::pending(env)) return fail();
-        info_builder.set_field_data_size(info, easy_box_info->size);
-        if (jni::pending(env)) return fail();
-        info_builder.set_field_date(info, date);
-        if (jni::pending(env)) return fail();
-        info_builder.set_field_path(info, &entry_path[0]);
-        if (jni::pending(env)) return fail();
-        jobject file = file_builder.create_removable_memory_file();
-        if (jni::pending(env) || file == nullptr) return fail();
-        file_builder.set_field_info(file, info);
-        if (jni::pending(env)) return fail();
-        file_builder.set_field_isfile(file, type != ESV_ZEL_EASY_BOX_TYPE_FOLDER);
-        if (jni::pending(env)) return fail();
-        env->CallBooleanMethod(list, add, file);
-        if (jni::pending(env)) return fail();
+            jni::LocalFrame frame(env, kEntryFrame);
+            if (!frame.ok()) return fail();
+            using info_t = zel_fnd_removable_memory_file_info;
+            // NewObject answers null exactly when no object could be made (its exception pending).
+            jobject info = info_t::make(env);
+            if (info == nullptr) return fail();
+            if (!info_t::put_text(env, info, info_t::kName, FieldText(easy_box_info->name).c_str())) return fail();
+            info_t::put_data_size(env, info, easy_box_info->size);
+            if (!info_t::put_date(env, info, date)) return fail();
+            if (!info_t::put_text(env, info, info_t::kPath, FieldText(easy_box_info->path).c_str())) return fail();
+            jobject file = zel_fnd_removable_memory_file::make(env);
+            if (file == nullptr) return fail();
+            zel_fnd_removable_memory_file::put_info(env, file, info);
+            zel_fnd_removable_memory_file::put_isfile(env, file, type != ESV_ZEL_EASY_BOX_TYPE_FOLDER);
+            env->CallBooleanMethod(list, add, file);
+            if (jni::pending(env)) return fail();
+        }
+    } catch (const std::bad_alloc&) {
+        return fail();
     }
     emwOSWOrgFreeMemPart(0, easy_box_info);
     rc = finish();

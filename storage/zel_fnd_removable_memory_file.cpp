@@ -1,65 +1,86 @@
 #include "zel_fnd_removable_memory_file.h"
 
 #include "CJvm.h"
+#include "tovr_jni.h"
+#include "tovr_jni_class.h"
+#include "zel_fnd_removable_memory_file_info.h"
 
 namespace tarnwick {
 
-zel_fnd_removable_memory_file::zel_fnd_removable_memory_file() {
-    JNIEnv* env = CJvm::GetJNIEnv();
-    if (env == nullptr) return;
-    if (!m_class.find(env, "tarnwick/zel/box/document/RemovableMemoryFileImpl")) return;
-    jclass c = m_class.get();
-    m_init = env->GetMethodID(c, "<init>", "()V");
-    if (m_init != nullptr) {
-        m_info = env->GetFieldID(c, "info", "Ltarnwick/zel/box/document/RemovableMemoryFileInfoImpl;");
-    }
-    if (m_info != nullptr) m_isfile = env->GetFieldID(c, "isfile", "Z");
-    if (m_isfile != nullptr && !m_info_class.find(env, "tarnwick/zel/box/document/RemovableMemoryFileInfoImpl")) {
-        m_isfile = nullptr;
-    }
-    if (m_isfile == nullptr) {
-        jni::failed(env);
-        m_init = nullptr;
-        m_info = nullptr;
-        m_class.reset();
-    }
+namespace {
+
+enum FileMember { kInit, kInfo, kIsFile };
+
+jni::JavaClass& file() {
+    static const jni::Member members[] = {
+        {jni::Member::kConstructor, "<init>", "()V"},
+        {jni::Member::kField, "info", "Ltarnwick/zel/box/document/RemovableMemoryFileInfoImpl;"},
+        {jni::Member::kField, "isfile", "Z"},
+    };
+    static jni::JavaClass holder("tarnwick/zel/box/document/RemovableMemoryFileImpl", members);
+    return holder;
 }
 
-zel_fnd_removable_memory_file::~zel_fnd_removable_memory_file() {}
-
-bool zel_fnd_removable_memory_file::accepts(JNIEnv* env, jobject obj, jclass cls, const char* what) {
+// Objects of other classes would corrupt the fields: refused as a Java cast would refuse them.
+bool accepts(JNIEnv* env, jobject obj, jclass cls, const char* what) {
     if (env->IsInstanceOf(obj, cls)) return true;
     jni::LocalRef<jclass> cce(env, env->FindClass("java/lang/ClassCastException"));
     if (cce) env->ThrowNew(cce.get(), what);
     return false;
 }
 
-jobject zel_fnd_removable_memory_file::create_removable_memory_file() {
-    if (m_init == nullptr) return nullptr;
-    JNIEnv* env = CJvm::GetJNIEnv();
-    if (env == nullptr) return nullptr;
-    return env->NewObject(m_class.get(), m_init);
-}
+}  // namespace
 
-void zel_fnd_removable_memory_file::set_field_info(jobject file, jobject info) {
-    if (m_info == nullptr || file == nullptr) return;
+zel_fnd_removable_memory_file::zel_fnd_removable_memory_file() {
     JNIEnv* env = CJvm::GetJNIEnv();
     if (env == nullptr) return;
-    // Objects of other classes would corrupt the fields: refused as a Java cast would refuse them.
-    if (!accepts(env, file, m_class.get(), "file is not a tarnwick.zel.box.document.RemovableMemoryFileImpl")) return;
+    jni::JavaClass& f = file();
+    ready_ = f.get(env) != nullptr && f.method(kInit) != nullptr && f.field(kInfo) != nullptr &&
+             f.field(kIsFile) != nullptr && zel_fnd_removable_memory_file_info::info_class(env) != nullptr;
+}
+
+zel_fnd_removable_memory_file::~zel_fnd_removable_memory_file() {}
+
+JNIEnv* zel_fnd_removable_memory_file::env_for(jobject obj) const {
+    if (!ready_ || obj == nullptr) return nullptr;
+    JNIEnv* env = CJvm::GetJNIEnv();
+    if (env == nullptr) return nullptr;
+    if (!accepts(env, obj, file().get(env), "file is not a tarnwick.zel.box.document.RemovableMemoryFileImpl")) {
+        return nullptr;
+    }
+    return env;
+}
+
+jobject zel_fnd_removable_memory_file::make(JNIEnv* env) { return file().create(env, kInit); }
+
+void zel_fnd_removable_memory_file::put_info(JNIEnv* env, jobject f, jobject info) {
+    env->SetObjectField(f, file().field(kInfo), info);
+}
+
+void zel_fnd_removable_memory_file::put_isfile(JNIEnv* env, jobject f, bool isfile) {
+    env->SetBooleanField(f, file().field(kIsFile), isfile ? JNI_TRUE : JNI_FALSE);
+}
+
+jobject zel_fnd_removable_memory_file::create_removable_memory_file() {
+    if (!ready_) return nullptr;
+    JNIEnv* env = CJvm::GetJNIEnv();
+    if (env == nullptr) return nullptr;
+    return make(env);
+}
+
+void zel_fnd_removable_memory_file::set_field_info(jobject f, jobject info) {
+    JNIEnv* env = env_for(f);
+    if (env == nullptr) return;
     if (info != nullptr &&
-        !accepts(env, info, m_info_class.get(), "info is not a tarnwick.zel.box.document.RemovableMemoryFileInfoImpl")) {
+        !accepts(env, info, zel_fnd_removable_memory_file_info::info_class(env),
+                 "info is not a tarnwick.zel.box.document.RemovableMemoryFileInfoImpl")) {
         return;
     }
-    env->SetObjectField(file, m_info, info);
+    put_info(env, f, info);
 }
 
 void zel_fnd_removable_memory_file::set_field_isfile(jobject obj, bool isfile) {
-    if (m_isfile == nullptr || obj == nullptr) return;
-    JNIEnv* env = CJvm::GetJNIEnv();
-    if (env == nullptr) return;
-    if (!accepts(env, obj, m_class.get(), "file is not a tarnwick.zel.box.document.RemovableMemoryFileImpl")) return;
-    env->SetBooleanField(obj, m_isfile, isfile ? JNI_TRUE : JNI_FALSE);
+    if (JNIEnv* env = env_for(obj)) put_isfile(env, obj, isfile);
 }
 
 }  // namespace tarnwick

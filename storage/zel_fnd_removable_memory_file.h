@@ -1,14 +1,14 @@
 // Builds Java "tarnwick/zel/box/document/RemovableMemoryFileImpl" objects: an info object and
-// whether the entry is a file. Same rules as zel_fnd_removable_memory_file_info (global class,
-// the calling thread's environment on each call, exceptions left for the caller to check).
+// whether the entry is a file. Same rules as zel_fnd_removable_memory_file_info (one lookup per
+// process, the calling thread's environment on each call, exceptions left for the caller to check).
 #ifndef TARNWICK_ZEL_FND_REMOVABLE_MEMORY_FILE_H
 #define TARNWICK_ZEL_FND_REMOVABLE_MEMORY_FILE_H
 
 #include <jni.h>
 
-#include "tovr_jni.h"
-
 namespace tarnwick {
+
+class zel_fnd_document_manager;
 
 /**
  * Makes {@code tarnwick.zel.box.document.RemovableMemoryFileImpl} objects: an entry of the document
@@ -24,14 +24,18 @@ public:
     void set_field_isfile(jobject obj, bool isfile);
 
 private:
-    /** False, with a ClassCastException thrown, when `obj` is not of `cls`. */
-    static bool accepts(JNIEnv* env, jobject obj, jclass cls, const char* what);
+    friend class zel_fnd_document_manager;
 
-    jni::GlobalClass m_class;
-    jni::GlobalClass m_info_class;
-    jmethodID m_init = nullptr;
-    jfieldID m_info = nullptr;
-    jfieldID m_isfile = nullptr;
+    // On objects this library made, with the caller's environment (no instance test).
+    static jobject make(JNIEnv* env);
+    static void put_info(JNIEnv* env, jobject file, jobject info);
+    static void put_isfile(JNIEnv* env, jobject file, bool isfile);
+
+    // The calling thread's environment when `file` is a file object; else null, with a
+    // ClassCastException thrown when it is of another class.
+    JNIEnv* env_for(jobject file) const;
+
+    bool ready_ = false;
 };
 
 }  // namespace tarnwick

@@ -1,103 +1,143 @@
 #include "zel_fnd_removable_memory_file_info.h"
 
+#include <cstdint>
 #include <cstring>
 #include <ctime>
-#include <string>
 
 #include "CJvm.h"
-#include "cmt_storage_names.h"
 #include "emw_clb_time.h"
+#include "tovr_field_text.h"
+#include "tovr_jni.h"
+#include "tovr_jni_class.h"
 
 namespace tarnwick {
+
+namespace {
+
+enum InfoMember { kInfoInit, kInfoName, kInfoDataSize, kInfoDate, kInfoPath };
+
+jni::JavaClass& info() {
+    static const jni::Member members[] = {
+        {jni::Member::kConstructor, "<init>", "()V"},
+        {jni::Member::kField, "name", "Ljava/lang/String;"},
+        {jni::Member::kField, "datasize", "J"},
+        {jni::Member::kField, "date", "Ljava/util/Date;"},
+        {jni::Member::kField, "path", "Ljava/lang/String;"},
+    };
+    static jni::JavaClass holder("tarnwick/zel/box/document/RemovableMemoryFileInfoImpl", members);
+    return holder;
+}
+
+enum CalendarMember { kGetInstance, kSet, kGetTime };
+
+jni::JavaClass& calendar() {
+    static const jni::Member members[] = {
+        {jni::Member::kStaticMethod, "getInstance", "()Ljava/util/Calendar;"},
+        {jni::Member::kMethod, "set", "(IIIIII)V"},
+        {jni::Member::kMethod, "getTime", "()Ljava/util/Date;"},
+    };
+    static jni::JavaClass holder("java/util/Calendar", members);
+    return holder;
+}
+
+// The class with every member the builder uses, or null.
+jclass complete_info(JNIEnv* env) {
+    jclass c = info().get(env);
+    for (std::size_t i = kInfoInit; c != nullptr && i <= kInfoPath; ++i) {
+        if (i == kInfoInit ? info().method(i) == nullptr : info().field(i) == nullptr) c = nullptr;
+    }
+    return c;
+}
+
+}  // namespace
 
 zel_fnd_removable_memory_file_info::zel_fnd_removable_memory_file_info() {
     JNIEnv* env = CJvm::GetJNIEnv();
     if (env == nullptr) return;
-    if (!m_class.find(env, "tarnwick/zel/box/document/RemovableMemoryFileInfoImpl")) return;
-    jclass c = m_class.get();
-    m_init = env->GetMethodID(c, "<init>", "()V");
-    if (m_init != nullptr) m_name = env->GetFieldID(c, "name", "Ljava/lang/String;");
-    if (m_name != nullptr) m_datasize = env->GetFieldID(c, "datasize", "J");
-    if (m_datasize != nullptr) m_date = env->GetFieldID(c, "date", "Ljava/util/Date;");
-    if (m_date != nullptr) m_path = env->GetFieldID(c, "path", "Ljava/lang/String;");
-    if (m_path == nullptr) {
-        jni::failed(env);
-        m_init = nullptr;
-        m_class.reset();
-        return;
-    }
-    // Calendar is looked up once per builder, not once per date.
-    if (!m_calendar.find(env, "java/util/Calendar")) return;
-    jclass cal = m_calendar.get();
-    m_get_instance = env->GetStaticMethodID(cal, "getInstance", "()Ljava/util/Calendar;");
-    if (m_get_instance != nullptr) m_set = env->GetMethodID(cal, "set", "(IIIIII)V");
-    if (m_set != nullptr) m_get_time = env->GetMethodID(cal, "getTime", "()Ljava/util/Date;");
-    if (m_get_time == nullptr) {
-        jni::failed(env);
-        m_get_instance = m_set = nullptr;
-        m_calendar.reset();
-    }
+    ready_ = complete_info(env) != nullptr;
 }
 
 zel_fnd_removable_memory_file_info::~zel_fnd_removable_memory_file_info() {}
 
-JNIEnv* zel_fnd_removable_memory_file_info::env_for(jobject obj) {
-    if (m_init == nullptr || obj == nullptr) return nullptr;
+jclass zel_fnd_removable_memory_file_info::info_class(JNIEnv* env) { return complete_info(env); }
+
+JNIEnv* zel_fnd_removable_memory_file_info::env_for(jobject obj) const {
+    if (!ready_ || obj == nullptr) return nullptr;
     JNIEnv* env = CJvm::GetJNIEnv();
     if (env == nullptr) return nullptr;
-    if (env->IsInstanceOf(obj, m_class.get())) return env;
+    if (env->IsInstanceOf(obj, info().get(env))) return env;
     jni::LocalRef<jclass> cce(env, env->FindClass("java/lang/ClassCastException"));
     if (cce) env->ThrowNew(cce.get(), "not a tarnwick.zel.box.document.RemovableMemoryFileInfoImpl");
     return nullptr;
 }
 
+jobject zel_fnd_removable_memory_file_info::make(JNIEnv* env) { return info().create(env, kInfoInit); }
+
 jobject zel_fnd_removable_memory_file_info::create_removable_memory_file_info() {
-    if (m_init == nullptr) return nullptr;
+    if (!ready_) return nullptr;
     JNIEnv* env = CJvm::GetJNIEnv();
     if (env == nullptr) return nullptr;
-    return env->NewObject(m_class.get(), m_init);
+    return make(env);
 }
 
-void zel_fnd_removable_memory_file_info::set_text(jobject obj, jfieldID field, const char* text) {
-    JNIEnv* env = env_for(obj);
-    if (env == nullptr) return;
-    if (text == nullptr) {
-        env->SetObjectField(obj, field, nullptr);
-        return;
+bool zel_fnd_removable_memory_file_info::put_text(JNIEnv* env, jobject obj, Text field, const char* text) {
+    jfieldID id = info().field(field == kName ? kInfoName : kInfoPath);
+    jstring s = nullptr;
+    if (text != nullptr) {
+        s = env->NewStringUTF(text);
+        if (s == nullptr) return false;  // OutOfMemoryError pending for the caller
     }
-    std::string java = cmt_storage_java_text(text, std::strlen(text));
-    jni::LocalRef<jstring> s(env, env->NewStringUTF(java.c_str()));
-    if (!s) return;  // OutOfMemoryError pending for the caller
-    env->SetObjectField(obj, field, s.get());
+    env->SetObjectField(obj, id, s);
+    return true;
 }
 
-void zel_fnd_removable_memory_file_info::set_field_name(jobject obj, char* name) { set_text(obj, m_name, name); }
-
-void zel_fnd_removable_memory_file_info::set_field_path(jobject obj, char* path) { set_text(obj, m_path, path); }
-
-void zel_fnd_removable_memory_file_info::set_field_data_size(jobject obj, unsigned long size) {
-    JNIEnv* env = env_for(obj);
-    if (env == nullptr) return;
-    env->SetLongField(obj, m_datasize, static_cast<jlong>(static_cast<std::uint32_t>(size)));
+void zel_fnd_removable_memory_file_info::put_data_size(JNIEnv* env, jobject obj, unsigned long size) {
+    env->SetLongField(obj, info().field(kInfoDataSize), static_cast<jlong>(static_cast<std::uint32_t>(size)));
 }
 
-void zel_fnd_removable_memory_file_info::set_field_date(jobject obj, long seconds) {
-    if (m_get_time == nullptr) return;
-    JNIEnv* env = env_for(obj);
-    if (env == nullptr) return;
+bool zel_fnd_removable_memory_file_info::put_date(JNIEnv* env, jobject obj, long seconds) {
+    jni::JavaClass& cal = calendar();
+    jclass c = cal.get(env);
+    jmethodID get_instance = cal.method(kGetInstance);
+    jmethodID set = cal.method(kSet);
+    jmethodID get_time = cal.method(kGetTime);
+    if (c == nullptr || get_instance == nullptr || set == nullptr || get_time == nullptr) return true;
     time_t t = static_cast<time_t>(static_cast<std::int32_t>(seconds));  // 32-bit on the device
     struct tm local;
     std::memset(&local, 0, sizeof local);
-    if (emwCLBLocalTime_r(&t, &local) == nullptr) return;  // no calendar time: the date stays as it was
-    jni::LocalRef<jobject> calendar(env, env->CallStaticObjectMethod(m_calendar.get(), m_get_instance));
-    if (jni::pending(env) || !calendar) return;
-    env->CallVoidMethod(calendar.get(), m_set, static_cast<jint>(local.tm_year + 1900), static_cast<jint>(local.tm_mon),
+    if (emwCLBLocalTime_r(&t, &local) == nullptr) return true;  // no calendar time: the date stays as it was
+    jobject now = env->CallStaticObjectMethod(c, get_instance);
+    if (jni::pending(env)) return false;
+    if (now == nullptr) return true;
+    env->CallVoidMethod(now, set, static_cast<jint>(local.tm_year + 1900), static_cast<jint>(local.tm_mon),
                         static_cast<jint>(local.tm_mday), static_cast<jint>(local.tm_hour),
                         static_cast<jint>(local.tm_min), static_cast<jint>(local.tm_sec));
-    if (jni::pending(env)) return;
-    jni::LocalRef<jobject> date(env, env->CallObjectMethod(calendar.get(), m_get_time));
-    if (jni::pending(env)) return;
-    env->SetObjectField(obj, m_date, date.get());
+    if (jni::pending(env)) return false;
+    jobject date = env->CallObjectMethod(now, get_time);
+    if (jni::pending(env)) return false;
+    env->SetObjectField(obj, info().field(kInfoDate), date);
+    return true;
+}
+
+// Text from Java is modified UTF-8 already; made fit all the same, as any text a string is made of.
+void zel_fnd_removable_memory_file_info::set_field_name(jobject obj, char* name) {
+    JNIEnv* env = env_for(obj);
+    if (env == nullptr) return;
+    put_text(env, obj, kName, name ? FieldText(name, std::strlen(name) + 1).c_str() : nullptr);
+}
+
+void zel_fnd_removable_memory_file_info::set_field_path(jobject obj, char* path) {
+    JNIEnv* env = env_for(obj);
+    if (env == nullptr) return;
+    put_text(env, obj, kPath, path ? FieldText(path, std::strlen(path) + 1).c_str() : nullptr);
+}
+
+void zel_fnd_removable_memory_file_info::set_field_data_size(jobject obj, unsigned long size) {
+    if (JNIEnv* env = env_for(obj)) put_data_size(env, obj, size);
+}
+
+void zel_fnd_removable_memory_file_info::set_field_date(jobject obj, long seconds) {
+    if (JNIEnv* env = env_for(obj)) put_date(env, obj, seconds);
 }
 
 }  // namespace tarnwick

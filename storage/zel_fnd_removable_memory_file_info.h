@@ -1,17 +1,19 @@
 // Builds Java "tarnwick/zel/box/document/RemovableMemoryFileInfoImpl" objects: name, data
 // size, date and path of one removable-memory file.
 //
-// The class is kept as a global reference (released with the builder); every operation takes
-// the calling thread's environment anew. After any operation a Java exception may be pending
-// (no memory for a string, a throwing Calendar): the caller checks before its next JNI call.
+// The class, java.util.Calendar and their members are looked up once per process
+// (jni::JavaClass); every operation takes the calling thread's environment anew. After any
+// operation a Java exception may be pending (no memory for a string, a throwing Calendar): the
+// caller checks before its next JNI call.
 #ifndef TARNWICK_ZEL_FND_REMOVABLE_MEMORY_FILE_INFO_H
 #define TARNWICK_ZEL_FND_REMOVABLE_MEMORY_FILE_INFO_H
 
 #include <jni.h>
 
-#include "tovr_jni.h"
-
 namespace tarnwick {
+
+class zel_fnd_document_manager;
+class zel_fnd_removable_memory_file;
 
 /**
  * Makes {@code tarnwick.zel.box.document.RemovableMemoryFileInfoImpl} objects: the name, size, date
@@ -39,23 +41,24 @@ public:
     void set_field_date(jobject obj, long seconds);
 
 private:
-    void set_text(jobject obj, jfieldID field, const char* text);
-    /**
-     * The calling thread's environment when `obj` is an info object; else null, with a
-     * ClassCastException thrown when `obj` is of another class.
-     */
-    JNIEnv* env_for(jobject obj);
+    friend class zel_fnd_document_manager;
+    friend class zel_fnd_removable_memory_file;
 
-    jni::GlobalClass m_class;
-    jmethodID m_init = nullptr;
-    jfieldID m_name = nullptr;
-    jfieldID m_datasize = nullptr;
-    jfieldID m_date = nullptr;
-    jfieldID m_path = nullptr;
-    jni::GlobalClass m_calendar;
-    jmethodID m_get_instance = nullptr;
-    jmethodID m_set = nullptr;
-    jmethodID m_get_time = nullptr;
+    enum Text { kName, kPath };
+    // On an info object this library made, with the caller's environment (no instance test).
+    // The references they make are the caller's frame's. False: a Java exception is pending.
+    static jobject make(JNIEnv* env);
+    static bool put_text(JNIEnv* env, jobject obj, Text field, const char* text);
+    static void put_data_size(JNIEnv* env, jobject obj, unsigned long size);
+    static bool put_date(JNIEnv* env, jobject obj, long seconds);
+    // The info class, for the file builder's instance test.
+    static jclass info_class(JNIEnv* env);
+
+    // The calling thread's environment when `obj` is an info object; else null, with a
+    // ClassCastException thrown when `obj` is of another class.
+    JNIEnv* env_for(jobject obj) const;
+
+    bool ready_ = false;
 };
 
 }  // namespace tarnwick

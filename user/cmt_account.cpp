@@ -3,7 +3,7 @@
 #include <cstring>
 
 #include "cmt_trace.h"
-#include "zel_fnd_text.h"
+#include "tovr_field_text.h"
 
 #define CMT_TRACE_MODULE "cmt_account"
 
@@ -35,7 +35,7 @@ void copy_field(char (&field)[N], const std::string& text) {
 
 template <std::size_t N>
 std::string read_field(const char (&field)[N]) {
-    return std::string(field, utf8_whole_length(field, strnlen(field, N)));
+    return FieldText(field).c_str();
 }
 
 }  // namespace

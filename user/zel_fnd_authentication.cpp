@@ -5,8 +5,9 @@
 #include "CJvm.h"
 #include "cmt_trace.h"
 #include "emw_osw_mem.h"
+#include "tovr_field_text.h"
 #include "tovr_jni.h"
-#include "zel_fnd_text.h"
+#include "tovr_jni_class.h"
 #include "zel_fnd_user_info.h"
 
 #define CMT_TRACE_MODULE "zel_fnd_authentication"
@@ -20,17 +21,14 @@ constexpr long kFacadeNotFound = 0x04010402;
 
 esv_zel_user_facade* facade() { return esv_zel_user_facade::esv_zel_user_get_instance(); }
 
-// A text field of a facade record as a terminated string, read within the field whatever the
-// facade left in it, without a character cut at the field's end.
-template <std::size_t N>
-struct FieldText {
-    explicit FieldText(const char (&field)[N]) {
-        std::size_t n = utf8_whole_length(field, strnlen(field, N));
-        std::memcpy(text, field, n);
-        text[n] = '\0';
-    }
-    char text[N + 1];
-};
+jni::JavaClass& array_list_class() {
+    static const jni::Member members[] = {{jni::Member::kMethod, "add", "(Ljava/lang/Object;)Z"}};
+    static jni::JavaClass holder("java/util/ArrayList", members);
+    return holder;
+}
+
+// Local references of one user: the user, three strings, four attributes.
+constexpr jint kUserFrame = 16;
 
 }  // namespace
 
@@ -183,8 +181,10 @@ unsigned int zel_fnd_authentication::set_func_login_mode(ESV_ZEL_MODE_10_VAL mod
 }
 
 // One record per fetch into one reused buffer; each user object is made inside its own local
-// frame, so the references in use stay flat however long the list. Every Java step is checked
-// before the next JNI call; a failed one ends the fetch like a failed facade call.
+// frame, so the references in use stay flat however long the list. A Java step that raises an
+// exception (the list's add, a builder step) ends the fetch: the buffer is freed, the list
+// finished, 4 returned and the exception left pending for the Java caller, with no trace of its
+// own.
 unsigned int zel_fnd_authentication::get_local_user_list(jobject list) {
     CMT_TRACE(kTraceFlow, "[Start]");
     JNIEnv* env = CJvm::GetJNIEnv();
@@ -208,22 +208,21 @@ unsigned int zel_fnd_authentication::get_local_user_list(jobject list) {
     }
 
     unsigned int get_num = 0;
-    jni::LocalRef<jclass> list_class(env, env->FindClass("java/util/ArrayList"));
-    if (!list_class) {
-        jni::failed(env);
+    jni::JavaClass& array_list = array_list_class();
+    jclass list_class = array_list.get(env);
+    if (list_class == nullptr) {
         users->esv_zel_user_get_local_user_list_finish(handle);
         CMT_TRACE(kTraceError, "FindClass(java/util/ArrayList) failed.");
         return kFailure;
     }
-    jmethodID add = env->GetMethodID(list_class.get(), "add", "(Ljava/lang/Object;)Z");
+    jmethodID add = array_list.method(0);
     if (add == nullptr) {
-        jni::failed(env);
         users->esv_zel_user_get_local_user_list_finish(handle);
         CMT_TRACE(kTraceError, "GetMethodID(add) failed.");
         return kFailure;
     }
     // The method is ArrayList's: anything else is refused before a call is made on it.
-    if (list == nullptr || !env->IsInstanceOf(list, list_class.get())) {
+    if (list == nullptr || !env->IsInstanceOf(list, list_class)) {
         users->esv_zel_user_get_local_user_list_finish(handle);
         CMT_TRACE(kTraceError, "list is not a java.util.ArrayList.");
         return kFailure;
@@ -237,6 +236,14 @@ unsigned int zel_fnd_authentication::get_local_user_list(jobject list) {
         return kFailure;
     }
     ESV_ZEL_USERINFO_RECORD* user_info = static_cast<ESV_ZEL_USERINFO_RECORD*>(block);
+    auto fail = [&] {
+        emwOSWOrgFreeMemPart(0, block);
+        users->esv_zel_user_get_local_user_list_finish(handle);
+        return kFailure;
+    };
+
+    zel_fnd_user_info builder;
+    if (jni::pending(env)) return fail();  // the user class is missing
 
     unsigned int total_get_num = 0;
     while (total_num > total_get_num) {
@@ -244,41 +251,26 @@ unsigned int zel_fnd_authentication::get_local_user_list(jobject list) {
                   static_cast<int>(total_num), static_cast<int>(get_num));
         rc = users->esv_zel_user_get_local_user_list(handle, get_num, user_info);
         if (rc != 0) {
-            emwOSWOrgFreeMemPart(0, block);
-            users->esv_zel_user_get_local_user_list_finish(handle);
+            fail();
             CMT_TRACE(kTraceError, "failed. ret(%d)", static_cast<int>(rc));
             return kFailure;
         }
 
-        bool built = false;
-        {
-            jni::LocalFrame frame(env, 16);
-            if (frame.ok()) {
-                FieldText<sizeof user_info->login_name> login_name(user_info->login_name);
-                FieldText<sizeof user_info->user_name> user_name(user_info->user_name);
-                FieldText<sizeof user_info->email> email(user_info->email);
-                zel_fnd_user_info builder;
-                jobject user = jni::failed(env) ? nullptr : builder.create_user_info();
-                if (user != nullptr && !jni::failed(env)) {
-                    builder.set_field_login_name(user, login_name.text);
-                    if (!jni::failed(env)) builder.set_field_user_name(user, user_name.text);
-                    if (!jni::failed(env)) builder.set_field_mail_address(user, email.text);
-                    if (!jni::failed(env)) builder.set_field_access_level(user, user_info->rights);
-                    if (!jni::failed(env)) {
-                        env->CallBooleanMethod(list, add, user);
-                        built = !jni::failed(env);
-                    }
-                } else {
-                    jni::failed(env);
-                }
-            }
-        }
-        if (!built) {
-            emwOSWOrgFreeMemPart(0, block);
-            users->esv_zel_user_get_local_user_list_finish(handle);
-            CMT_TRACE(kTraceError, "failed. user object not added.");
-            return kFailure;
-        }
+        jni::LocalFrame frame(env, kUserFrame);
+        if (!frame.ok()) return fail();
+        jobject user = zel_fnd_user_info::make_user(env);  // null exactly when it could not be made
+        if (user == nullptr) return fail();
+        zel_fnd_user_info::put_text(env, user, zel_fnd_user_info::kLoginName, FieldText(user_info->login_name).c_str());
+        if (jni::pending(env)) return fail();
+        zel_fnd_user_info::put_text(env, user, zel_fnd_user_info::kUserName, FieldText(user_info->user_name).c_str());
+        if (jni::pending(env)) return fail();
+        zel_fnd_user_info::put_text(env, user, zel_fnd_user_info::kMailAddress, FieldText(user_info->email).c_str());
+        if (jni::pending(env)) return fail();
+        zel_fnd_user_info::put_access_level(env, user, user_info->rights);
+        if (jni::pending(env)) return fail();
+        env->CallBooleanMethod(list, add, user);
+        if (jni::pending(env)) return fail();
+        frame.pop();
         total_get_num += get_num;
     }
 

@@ -3,97 +3,170 @@
 #include <cstdio>
 
 #include "CJvm.h"
+#include "tovr_jni.h"
+#include "tovr_jni_class.h"
 
 namespace tarnwick {
 
 namespace {
 
-constexpr const char* kUserClass = "tarnwick/zel/user/UserImpl";
-constexpr const char* kAccessLevelClass = "tarnwick/user/attribute/AccessLevel";
+enum UserMember { kUserInit, kSetAttribute };
+
+jni::JavaClass& user_class() {
+    static const jni::Member members[] = {
+        {jni::Member::kConstructor, "<init>", "()V"},
+        {jni::Member::kMethod, "setAttribute", "(Ltarnwick/user/attribute/UserAttribute;)V"},
+    };
+    static jni::JavaClass holder("tarnwick/zel/user/UserImpl", members);
+    return holder;
+}
+
+const jni::Member kStringConstructor[] = {{jni::Member::kConstructor, "<init>", "(Ljava/lang/String;)V"}};
+
+enum AccessLevelMember { kAdmin, kUser };
+
+jni::JavaClass& access_level_class() {
+    static const jni::Member members[] = {
+        {jni::Member::kStaticField, "ADMIN", "Ltarnwick/user/attribute/AccessLevel;"},
+        {jni::Member::kStaticField, "USER", "Ltarnwick/user/attribute/AccessLevel;"},
+    };
+    static jni::JavaClass holder("tarnwick/user/attribute/AccessLevel", members);
+    return holder;
+}
+
+// A member a found class lacks: the error its own lookup would have raised, pending.
+void raise_missing(JNIEnv* env, const char* error, const char* name) {
+    jni::LocalRef<jclass> cls(env, env->FindClass(error));
+    if (cls) env->ThrowNew(cls.get(), name);
+}
+
+void set_attribute(JNIEnv* env, jobject user, jobject attribute) {
+    jmethodID set = user_class().method(kSetAttribute);
+    if (set == nullptr) {
+        raise_missing(env, "java/lang/NoSuchMethodError", "setAttribute");
+        return;
+    }
+    env->CallVoidMethod(user, set, attribute);
+}
 
 }  // namespace
+
+// The text attributes, each made by its String constructor.
+jni::JavaClass& zel_fnd_user_info::attribute_class(Attribute attribute) {
+    static jni::JavaClass login_name("tarnwick/user/attribute/LoginName", kStringConstructor);
+    static jni::JavaClass user_name("tarnwick/user/attribute/UserName", kStringConstructor);
+    static jni::JavaClass mail_address("tarnwick/user/attribute/MailAddress", kStringConstructor);
+    static jni::JavaClass account_id("tarnwick/account/attribute/AccountID", kStringConstructor);
+    switch (attribute) {
+    case kLoginName: return login_name;
+    case kUserName: return user_name;
+    case kMailAddress: return mail_address;
+    default: return account_id;
+    }
+}
 
 // A missing class or method is left pending for the Java caller; the builder then stays empty.
 zel_fnd_user_info::zel_fnd_user_info() {
     JNIEnv* env = CJvm::GetJNIEnv();
     if (env == nullptr) return;
-    jclass probe = env->FindClass(kUserClass);
-    if (probe == nullptr) return;
-    env->DeleteLocalRef(probe);
-    if (!user_class_.find(env, kUserClass)) return;
-    set_attribute_ = env->GetMethodID(user_class_.get(), "setAttribute", "(Ltarnwick/user/attribute/UserAttribute;)V");
-    if (set_attribute_ == nullptr) user_class_.reset();
+    if (user_class().require(env) == nullptr) return;
+    if (user_class().method(kSetAttribute) == nullptr) {
+        raise_missing(env, "java/lang/NoSuchMethodError", "setAttribute");
+        return;
+    }
+    ready_ = true;
 }
 
 zel_fnd_user_info::~zel_fnd_user_info() {}
 
+jobject zel_fnd_user_info::make_user(JNIEnv* env) {
+    jni::JavaClass& cls = user_class();
+    if (cls.method(kUserInit) == nullptr) {
+        raise_missing(env, "java/lang/NoSuchMethodError", "<init>");
+        return nullptr;
+    }
+    return cls.create(env, kUserInit);
+}
+
 jobject zel_fnd_user_info::create_user_info() {
-    if (!user_class_) return nullptr;
+    if (!ready_) return nullptr;
     JNIEnv* env = CJvm::GetJNIEnv();
     if (env == nullptr) return nullptr;
-    jmethodID init = env->GetMethodID(user_class_.get(), "<init>", "()V");
-    if (init == nullptr) return nullptr;
-    return env->NewObject(user_class_.get(), init);
+    return make_user(env);
+}
+
+// A null text makes an attribute holding null. The string and the attribute are local references
+// of the caller's frame (one per user in the list; the native call's own for a Java caller).
+void zel_fnd_user_info::put_text(JNIEnv* env, jobject user, Attribute attribute, const char* text) {
+    jni::JavaClass& cls = attribute_class(attribute);
+    jclass c = cls.require(env);
+    if (c == nullptr) return;
+    jmethodID init = cls.method(0);
+    if (init == nullptr) {
+        raise_missing(env, "java/lang/NoSuchMethodError", "<init>");
+        return;
+    }
+    jstring value = nullptr;
+    if (text != nullptr) {
+        value = env->NewStringUTF(text);
+        if (value == nullptr) return;
+    }
+    jobject made = env->NewObject(c, init, value);
+    if (made == nullptr) return;
+    set_attribute(env, user, made);
+}
+
+void zel_fnd_user_info::put_access_level(JNIEnv* env, jobject user, ESV_ZEL_USER_RIGHTS level) {
+    int member;
+    if (level == 0) member = kAdmin;
+    else if (level == 1) member = kUser;
+    else return;  // no attribute for other levels
+    jni::JavaClass& cls = access_level_class();
+    jclass c = cls.require(env);
+    if (c == nullptr) return;
+    jfieldID field = cls.field(member);
+    if (field == nullptr) {
+        raise_missing(env, "java/lang/NoSuchFieldError", member == kAdmin ? "ADMIN" : "USER");
+        return;
+    }
+    jobject made = env->GetStaticObjectField(c, field);
+    if (jni::pending(env)) return;
+    set_attribute(env, user, made);
+}
+
+// Only a UserImpl is given the call: a null or foreign object would make the VM call a method on
+// an object that does not have it.
+JNIEnv* zel_fnd_user_info::env_for(jobject user) const {
+    if (!ready_ || user == nullptr) return nullptr;
+    JNIEnv* env = CJvm::GetJNIEnv();
+    if (env == nullptr) return nullptr;
+    jclass cls = user_class().get(env);
+    if (cls == nullptr || !env->IsInstanceOf(user, cls)) return nullptr;
+    return env;
 }
 
 void zel_fnd_user_info::set_field_login_name(jobject user, char* text) {
-    set_text_attribute(user, "tarnwick/user/attribute/LoginName", text);
+    if (JNIEnv* env = env_for(user)) put_text(env, user, kLoginName, text);
 }
 
 void zel_fnd_user_info::set_field_user_name(jobject user, char* text) {
-    set_text_attribute(user, "tarnwick/user/attribute/UserName", text);
+    if (JNIEnv* env = env_for(user)) put_text(env, user, kUserName, text);
 }
 
 void zel_fnd_user_info::set_field_mail_address(jobject user, char* text) {
-    set_text_attribute(user, "tarnwick/user/attribute/MailAddress", text);
+    if (JNIEnv* env = env_for(user)) put_text(env, user, kMailAddress, text);
 }
 
 void zel_fnd_user_info::set_field_account_id(jobject user, int id) {
+    JNIEnv* env = env_for(user);
+    if (env == nullptr) return;
     char text[16];
     std::snprintf(text, sizeof text, "%d", id);
-    set_text_attribute(user, "tarnwick/account/attribute/AccountID", text);
+    put_text(env, user, kAccountId, text);
 }
 
 void zel_fnd_user_info::set_field_access_level(jobject user, ESV_ZEL_USER_RIGHTS level) {
-    const char* name = nullptr;
-    if (level == 0) name = "ADMIN";
-    if (level == 1) name = "USER";
-    if (name == nullptr || !user_class_) return;  // no attribute for other levels
-    JNIEnv* env = CJvm::GetJNIEnv();
-    if (env == nullptr) return;
-    jni::LocalRef<jclass> cls(env, env->FindClass(kAccessLevelClass));
-    if (!cls) return;
-    jfieldID field = env->GetStaticFieldID(cls.get(), name, "Ltarnwick/user/attribute/AccessLevel;");
-    if (field == nullptr) return;
-    jni::LocalRef<jobject> attribute(env, env->GetStaticObjectField(cls.get(), field));
-    if (jni::pending(env)) return;
-    set_attribute(env, user, attribute.get());
-}
-
-// A null text makes an attribute holding null.
-void zel_fnd_user_info::set_text_attribute(jobject user, const char* class_path, const char* text) {
-    if (!user_class_) return;
-    JNIEnv* env = CJvm::GetJNIEnv();
-    if (env == nullptr) return;
-    jni::LocalRef<jclass> cls(env, env->FindClass(class_path));
-    if (!cls) return;
-    jmethodID init = env->GetMethodID(cls.get(), "<init>", "(Ljava/lang/String;)V");
-    if (init == nullptr) return;
-    jni::LocalRef<jstring> value;
-    if (text != nullptr) {
-        value.reset(env, env->NewStringUTF(text));
-        if (!value) return;
-    }
-    jni::LocalRef<jobject> attribute(env, env->NewObject(cls.get(), init, value.get()));
-    if (!attribute) return;
-    set_attribute(env, user, attribute.get());
-}
-
-// Only a UserImpl is given the call: a null or foreign object would make the VM call a method
-// on an object that does not have it.
-void zel_fnd_user_info::set_attribute(JNIEnv* env, jobject user, jobject attribute) {
-    if (user == nullptr || !env->IsInstanceOf(user, user_class_.get())) return;
-    env->CallVoidMethod(user, set_attribute_, attribute);
+    if (JNIEnv* env = env_for(user)) put_access_level(env, user, level);
 }
 
 }  // namespace tarnwick

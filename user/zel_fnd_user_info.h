@@ -1,18 +1,22 @@
 // The user-object builder: makes Java tarnwick.zel.user.UserImpl objects and gives them typed
 // attribute objects through UserImpl.setAttribute.
 //
-// The class is kept as a global reference for the builder's life; each call takes the calling
-// thread's environment. A builder made on a thread without an environment does nothing. JNI
-// failures are left pending for the Java caller.
+// The classes and their members are looked up once per process (jni::JavaClass); each call takes
+// the calling thread's environment. A builder made on a thread without an environment does
+// nothing. JNI failures are left pending for the Java caller.
 #ifndef TARNWICK_ZEL_FND_USER_INFO_H
 #define TARNWICK_ZEL_FND_USER_INFO_H
 
 #include <jni.h>
 
 #include "esv_zel_user_facade.h"
-#include "tovr_jni.h"
 
 namespace tarnwick {
+
+class zel_fnd_authentication;
+namespace jni {
+class JavaClass;
+}
 
 /**
  * Makes {@code tarnwick.zel.user.UserImpl} objects and gives them their attributes (login
@@ -36,11 +40,22 @@ public:
     void set_field_access_level(jobject user, ESV_ZEL_USER_RIGHTS level);
 
 private:
-    void set_text_attribute(jobject user, const char* class_path, const char* text);
-    void set_attribute(JNIEnv* env, jobject user, jobject attribute);
+    friend class zel_fnd_authentication;
 
-    jni::GlobalClass user_class_;
-    jmethodID set_attribute_ = nullptr;
+    enum Attribute { kLoginName, kUserName, kMailAddress, kAccountId };
+    static jni::JavaClass& attribute_class(Attribute attribute);
+
+    // The attributes, on a user object this builder made, with the caller's environment: the
+    // list fetch needs no instance test. Each leaves a failed Java step pending.
+    static void put_text(JNIEnv* env, jobject user, Attribute attribute, const char* text);
+    static void put_access_level(JNIEnv* env, jobject user, ESV_ZEL_USER_RIGHTS level);
+    static jobject make_user(JNIEnv* env);
+
+    // The calling thread's environment when `user` is a UserImpl of a builder that found its
+    // class; else null (nothing called).
+    JNIEnv* env_for(jobject user) const;
+
+    bool ready_ = false;
 };
 
 }  // namespace tarnwick

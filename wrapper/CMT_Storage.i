@@ -4,8 +4,6 @@
 %module CMT_Storage
 
 %include "tovr_conventions.i"
-// Enumerations reach Java as plain int, so values outside the enumerators can be passed on.
-%include "enumtypeunsafe.swg"
 
 %{
 #include <memory>
@@ -80,24 +78,38 @@ using namespace tarnwick;
 }
 %typemap(argout) const signed char *buffer ""
 
-// No native exception leaves a wrapper function: a failed allocation inside an operation is the
-// table's OutOfMemoryError, anything else a RuntimeException with the exception's text.
-%exception {
-  try {
-    $action
-  } catch (const std::bad_alloc&) {
-    SWIG_JavaThrowException(jenv, SWIG_JavaOutOfMemoryError, "native memory allocation failed");
-    return $null;
-  } catch (const std::exception& e) {
-    SWIG_JavaThrowException(jenv, SWIG_JavaRuntimeException, e.what());
-    return $null;
-  }
-}
-
 %ignore tarnwick::CMT_StorageIO::getDriveNumber;
 %ignore tarnwick::CMT_StorageIO::getDVUOpenMode;
 %ignore tarnwick::CMT_StorageIO::getCMTOpenMode;
 %ignore tarnwick::CMT_StorageIO::getDVUSeekMode;
 %ignore tarnwick::CMT_StorageIO::getReturnValue;
+
+// Every operation is static: no handle to test.
+TOVR_STATIC(tarnwick::CMT_StorageIO::init)
+TOVR_STATIC(tarnwick::CMT_StorageIO::sync)
+TOVR_STATIC(tarnwick::CMT_StorageIO::verifydiskmount)
+TOVR_STATIC(tarnwick::CMT_StorageIO::remove_disk)
+TOVR_STATIC(tarnwick::CMT_StorageIO::chdir)
+TOVR_STATIC(tarnwick::CMT_StorageIO::mkdir)
+TOVR_STATIC(tarnwick::CMT_StorageIO::existfile)
+TOVR_STATIC(tarnwick::CMT_StorageIO::remove)
+TOVR_STATIC(tarnwick::CMT_StorageIO::rename)
+TOVR_STATIC(tarnwick::CMT_StorageIO::move)
+TOVR_STATIC(tarnwick::CMT_StorageIO::opendir)
+TOVR_STATIC(tarnwick::CMT_StorageIO::readdir)
+TOVR_STATIC(tarnwick::CMT_StorageIO::closedir)
+TOVR_STATIC(tarnwick::CMT_StorageIO::open)
+TOVR_STATIC(tarnwick::CMT_StorageIO::read)
+TOVR_STATIC(tarnwick::CMT_StorageIO::write)
+TOVR_STATIC(tarnwick::CMT_StorageIO::fseek)
+TOVR_STATIC(tarnwick::CMT_StorageIO::ftell)
+TOVR_STATIC(tarnwick::CMT_StorageIO::fflush)
+TOVR_STATIC(tarnwick::CMT_StorageIO::close)
+TOVR_STATIC(tarnwick::CMT_StorageIO::is_directory)
+TOVR_STATIC(tarnwick::CMT_StorageIO::is_file)
+TOVR_STATIC(tarnwick::CMT_StorageIO::getfilesize)
+TOVR_STATIC(tarnwick::CMT_StorageIO::getlastmodified)
+TOVR_STATIC(tarnwick::CMT_StorageIO::setfileattribute)
+TOVR_STATIC(tarnwick::CMT_StorageIO::getfileattribute)
 
 %include "CMT_StorageIO.h"

@@ -4,8 +4,6 @@
 %module CMT_SystemInformation
 
 %include "tovr_conventions.i"
-// Keys and facade enumerations reach Java as plain int and pass through unchanged.
-%include "enumtypeunsafe.swg"
 
 %{
 #include "cmt_system_info.h"

@@ -5,8 +5,6 @@
 
 %include "tovr_conventions.i"
 %include <stdint.i>
-// Enumerations reach Java as plain int, so values outside the enumerators can be passed on.
-%include "enumtypeunsafe.swg"
 
 %{
 #include "esv_zel_acc_facade.h"

@@ -4,8 +4,6 @@
 %module cmt_appinfo
 
 %include "tovr_conventions.i"
-// Keys reach Java as plain int and pass through unchanged.
-%include "enumtypeunsafe.swg"
 
 %{
 #include "cmt_appinfo_proxy.h"

@@ -14,5 +14,6 @@
 %ignore tarnwick::cmt_init::mixsInit;
 %ignore tarnwick::cmt_time::getLocalTime;
 
+TOVR_STATIC(tarnwick::cmt_init::init)
 %include "cmt_init.h"
 %include "cmt_time.h"

@@ -19,6 +19,8 @@
 %include <std_except.i>
 %include <arrays_java.i>
 %include "tovr_loader.i"
+// Enumerations reach Java as plain int, so values outside the enumerators can be passed on.
+%include <enumtypeunsafe.swg>
 
 %{
 #include <cstdint>
@@ -55,6 +57,240 @@ static void tovr_JavaThrowException(JNIEnv *jenv, SWIG_JavaExceptionCodes code, 
 }
 #define SWIG_JavaThrowException tovr_JavaThrowException
 %}
+
+// No native exception leaves a wrapper function: a failed allocation is the table's
+// OutOfMemoryError, anything else a RuntimeException with the exception's text. (A module's own
+// %catches are handled inside this, with their own Java exception.)
+%exception {
+  try {
+    $action
+  } catch (const std::bad_alloc&) {
+    SWIG_JavaThrowException(jenv, SWIG_JavaOutOfMemoryError, "native memory allocation failed");
+    return $null;
+  } catch (const std::exception& e) {
+    SWIG_JavaThrowException(jenv, SWIG_JavaRuntimeException, e.what());
+    return $null;
+  }
+}
+
+// ---------------------------------------------------------------------------------------------
+// char* arguments: the characters are taken into a holder that releases them when the wrapper
+// function returns, whichever way it returns: a later argument's check (a null reference) may
+// return before SWIG's freearg would have run.
+%insert(runtime) %{
+namespace {
+struct tovr_utf_in {
+  JNIEnv *env = nullptr;
+  jstring text = nullptr;
+  const char *chars = nullptr;
+  tovr_utf_in() = default;
+  tovr_utf_in(const tovr_utf_in&) = delete;
+  tovr_utf_in& operator=(const tovr_utf_in&) = delete;
+  ~tovr_utf_in() { if (chars) env->ReleaseStringUTFChars(text, chars); }
+  // False, with the VM's exception pending, when the characters could not be had.
+  bool take(JNIEnv *e, jstring s) {
+    env = e;
+    text = s;
+    chars = s ? e->GetStringUTFChars(s, 0) : nullptr;
+    return !s || chars;
+  }
+};
+}
+%}
+%typemap(in, noblock=1) char * (tovr_utf_in utf), char[ANY] (tovr_utf_in utf), char[] (tovr_utf_in utf) {
+  if (!utf.take(jenv, $input)) return $null;
+  $1 = ($1_ltype)utf.chars;
+}
+%typemap(freearg) char *, char[ANY], char[] ""
+
+// Text members read back bounded by their size and made fit for NewStringUTF, by the library's one
+// field-to-string conversion (tovr_jni_text.h).
+%{
+#include "tovr_jni_text.h"
+%}
+%typemap(out) char [ANY] %{
+  if ($1) $result = tarnwick::jni::new_field_string(jenv, $1, $1_dim0);
+%}
+
+// ---------------------------------------------------------------------------------------------
+// Java proxies.
+//
+// A member call or field access on a proxy whose handle is 0 (deleted, or never had one)
+// throws IllegalStateException "<class> has been deleted" before any native call: the native
+// layer does not test the handle. delete() stays idempotent.
+//
+// A proxy returned by a member (an embedded record, a reference into the object) keeps the
+// proxy it came from reachable, so the record it points into is not finalized under it; and a
+// proxy that has lent such members out frees its object at finalization rather than at delete()
+// (its own calls are refused from delete() on), so no member ever reads freed memory.
+%typemap(javabody) SWIGTYPE %{
+  private transient long swigCPtr;
+  protected transient boolean swigCMemOwn;
+  // The proxy this one points into (keeps it reachable), and whether this one lent members out.
+  transient Object swigOwner;
+  transient boolean swigLent;
+  // An owned object whose delete() came while members were lent: freed at finalization.
+  private transient long swigHeld;
+
+  protected $javaclassname(long cPtr, boolean cMemoryOwn) {
+    swigCMemOwn = cMemoryOwn;
+    swigCPtr = cPtr;
+  }
+
+  // An argument's handle. A deleted object is refused here, before the native call, wherever
+  // it is passed (the native side would take its handle as it stands).
+  protected static long getCPtr($javaclassname obj) {
+    if (obj == null) return 0;
+    if (obj.swigCPtr == 0) throw obj.swigDeleted();
+    return obj.swigCPtr;
+  }
+
+  // The handle of a record an embedded member is copied from (after the owner's own test).
+  protected static long swigSource($javaclassname obj) {
+    if (obj == null) throw new NullPointerException("null $javaclassname");
+    return getCPtr(obj);
+  }
+
+  protected static long swigRelease($javaclassname obj) {
+    long ptr = 0;
+    if (obj != null) {
+      if (!obj.swigCMemOwn)
+        throw new RuntimeException("Cannot release ownership as memory is not owned");
+      ptr = obj.swigCPtr;
+      obj.swigCMemOwn = false;
+      obj.swigLent = false;
+      obj.delete();
+    }
+    return ptr;
+  }
+
+  private IllegalStateException swigDeleted() {
+    return new IllegalStateException("$javaclassname has been deleted");
+  }
+%}
+
+%typemap(javabody) SWIGTYPE *, SWIGTYPE &, SWIGTYPE &&, SWIGTYPE [] %{
+  private transient long swigCPtr;
+  transient Object swigOwner;
+
+  protected $javaclassname(long cPtr, @SuppressWarnings("unused") boolean futureUse) {
+    swigCPtr = cPtr;
+  }
+
+  protected $javaclassname() {
+    swigCPtr = 0;
+  }
+
+  protected static long getCPtr($javaclassname obj) {
+    return (obj == null) ? 0 : obj.swigCPtr;
+  }
+
+  protected static long swigRelease($javaclassname obj) {
+    return (obj == null) ? 0 : obj.swigCPtr;
+  }
+%}
+
+%typemap(javadestruct, methodname="delete", methodmodifiers="public synchronized", parameters="") SWIGTYPE {
+    long swigFree = 0;
+    if (swigCPtr != 0) {
+      if (swigCMemOwn) {
+        swigCMemOwn = false;
+        if (swigLent) swigHeld = swigCPtr;
+        else swigFree = swigCPtr;
+      }
+      swigCPtr = 0;
+    }
+    if (swigFree != 0) {
+      long swigCPtr = swigFree;
+      $jnicall;
+    }
+  }
+
+// Finalized: no member proxy can reach this one any more.
+%typemap(javafinalize) SWIGTYPE %{
+  @SuppressWarnings("deprecation")
+  protected void finalize() {
+    synchronized (this) {
+      if (swigHeld != 0) {
+        swigCPtr = swigHeld;
+        swigCMemOwn = true;
+        swigHeld = 0;
+      }
+      swigLent = false;
+    }
+    delete();
+  }
+%}
+
+// Results of members and static functions, each family as SWIG's own, with the handle test
+// (LIVE) and the owner link (KEEP) of an instance member. NAME names one function for the
+// static forms (TOVR_STATIC).
+%define TOVR_JAVAOUT(LIVE, KEEP, NAME)
+%typemap(javaout) void NAME {
+    LIVE $jnicall;
+  }
+%typemap(javaout) bool NAME, const bool &NAME, char NAME, const char &NAME,
+                  signed char NAME, const signed char &NAME, unsigned char NAME, const unsigned char &NAME,
+                  short NAME, const short &NAME, unsigned short NAME, const unsigned short &NAME,
+                  int NAME, const int &NAME, unsigned int NAME, const unsigned int &NAME,
+                  long NAME, const long &NAME, unsigned long NAME, const unsigned long &NAME,
+                  long long NAME, const long long &NAME, unsigned long long NAME, const unsigned long long &NAME,
+                  float NAME, const float &NAME, double NAME, const double &NAME,
+                  size_t NAME, const size_t &NAME, std::size_t NAME, const std::size_t &NAME,
+                  char *NAME, char *&NAME, char NAME[ANY], char NAME[],
+                  std::string NAME, const std::string &NAME,
+                  enum SWIGTYPE NAME, const enum SWIGTYPE &NAME,
+                  jboolean NAME, jchar NAME, jbyte NAME, jshort NAME, jint NAME, jlong NAME, jfloat NAME, jdouble NAME,
+                  jstring NAME, jobject NAME, jbooleanArray NAME, jcharArray NAME, jbyteArray NAME, jshortArray NAME,
+                  jintArray NAME, jlongArray NAME, jfloatArray NAME, jdoubleArray NAME, jobjectArray NAME,
+                  bool NAME[ANY], bool NAME[], signed char NAME[ANY], signed char NAME[],
+                  unsigned char NAME[ANY], unsigned char NAME[], short NAME[ANY], short NAME[],
+                  unsigned short NAME[ANY], unsigned short NAME[], int NAME[ANY], int NAME[],
+                  unsigned int NAME[ANY], unsigned int NAME[], long NAME[ANY], long NAME[],
+                  unsigned long NAME[ANY], unsigned long NAME[], long long NAME[ANY], long long NAME[],
+                  float NAME[ANY], float NAME[], double NAME[ANY], double NAME[] {
+    LIVE return $jnicall;
+  }
+%typemap(javaout) SWIGTYPE NAME {
+    LIVE return new $&javaclassname($jnicall, true);
+  }
+%typemap(javaout) SWIGTYPE &NAME, SWIGTYPE &&NAME {
+    LIVE $javaclassname ret = new $javaclassname($jnicall, $owner);
+    KEEP return ret;
+  }
+%typemap(javaout) SWIGTYPE *NAME, SWIGTYPE *const NAME, SWIGTYPE NAME[] {
+    LIVE long cPtr = $jnicall;
+    if (cPtr == 0) return null;
+    $javaclassname ret = new $javaclassname(cPtr, $owner);
+    KEEP return ret;
+  }
+%typemap(javaout) SWIGTYPE *const&NAME {
+    LIVE long cPtr = $jnicall;
+    if (cPtr == 0) return null;
+    $*javaclassname ret = new $*javaclassname(cPtr, $owner);
+    KEEP return ret;
+  }
+%enddef
+
+// A module's own javaout of an instance member begins with the same test.
+TOVR_JAVAOUT(if (swigCPtr == 0) throw swigDeleted();, swigLent = true; ret.swigOwner = this;, )
+
+// A static member function (or a function outside a class) has no handle to test. Name each one,
+// fully qualified, before its header's %include: TOVR_STATIC(tarnwick::Class::function). javac
+// refuses the handle test in a static method, so a missing one is found at build time.
+%define TOVR_STATIC(NAME)
+TOVR_JAVAOUT(, , NAME)
+%enddef
+
+// The setter of an embedded record member copies the whole record from the one it is given,
+// without testing its handle: a null value is refused before the native call (NullPointerException
+// "null <record>"), after the owner's own test. Name each embedded member, its type as declared,
+// before its header's %include: TOVR_EMBEDDED(ESV_ZEL_NAME_INFO, name_info). (A pointer argument
+// of a function stays free to be null; SWIG gives a setter's parameter the member's name, which
+// is what tells them apart. EmbeddedMemberTest finds a member left out.)
+%define TOVR_EMBEDDED(TYPE, MEMBER)
+%typemap(javain) TYPE *MEMBER "$javaclassname.swigSource($javainput)"
+%enddef
 
 // ---------------------------------------------------------------------------------------------
 // Enumerations travel as int constants on the Java side; no getter native per enumerator.

@@ -5,11 +5,9 @@
 
 %include "tovr_conventions.i"
 %include <stdint.i>
-%include "enumtypeunsafe.swg"
 %include "esv_zel_max_sizes.i"
 
 %{
-#include "cmt_storage_names.h"
 #include "esv_zel_address_types.h"
 #include "ZEL_FND_BOX_DETAIL_INFO.h"
 #include "zel_fnd_document_manager.h"
@@ -18,29 +16,14 @@
 using namespace tarnwick;
 %}
 
-// No native exception leaves a wrapper function: a failed allocation inside an operation is the
-// table's OutOfMemoryError, anything else a RuntimeException with the exception's text.
-%exception {
-  try {
-    $action
-  } catch (const std::bad_alloc&) {
-    SWIG_JavaThrowException(jenv, SWIG_JavaOutOfMemoryError, "native memory allocation failed");
-    return $null;
-  } catch (const std::exception& e) {
-    SWIG_JavaThrowException(jenv, SWIG_JavaRuntimeException, e.what());
-    return $null;
-  }
-}
-
-// Text members read back bounded by their size; bytes that are not modified UTF-8 (a setter
-// cut inside a character) are converted rather than handed to NewStringUTF as they stand.
-%typemap(out) char [ANY] %{
-  if ($1) {
-    std::string text = tarnwick::cmt_storage_java_text($1, $1_dim0);
-    $result = jenv->NewStringUTF(text.c_str());
-  }
-%}
-
+TOVR_STATIC(tarnwick::zel_fnd_document_manager::zel_fnd_get_instance)
+// The address records' embedded records.
+TOVR_EMBEDDED(ESV_ZEL_NAME_INFO, name_info)
+TOVR_EMBEDDED(ESV_ZEL_FTP_INFO, ftp_info)
+TOVR_EMBEDDED(ESV_ZEL_SMB_INFO, smb_info)
+TOVR_EMBEDDED(ESV_ZEL_FAX_INFO, fax_info)
+TOVR_EMBEDDED(ESV_ZEL_IFAX_INFO, ifax_info)
+TOVR_EMBEDDED(ESV_ZEL_EMAIL_INFO, email_info)
 %include "esv_zel_address_types.h"
 %include "ZEL_FND_BOX_DETAIL_INFO.h"
 %include "zel_fnd_removable_memory_file_info.h"

@@ -5,8 +5,6 @@
 
 %include "tovr_conventions.i"
 %include <stdint.i>
-// Enumerations reach Java as plain int, so values outside the enumerators can be passed on.
-%include "enumtypeunsafe.swg"
 
 %{
 #include "esv_zel_jobinfo_types.h"
@@ -20,6 +18,17 @@
 %ignore ESV_ZEL_EVENT_PRINT_PAGE;
 %ignore ESV_ZEL_EVENT_SCAN_PAGE;
 
+// The records' embedded records.
+TOVR_EMBEDDED(ESV_ZEL_JOBINFO_SEND_INFO_MAIL, mail)
+TOVR_EMBEDDED(ESV_ZEL_JOBINFO_SEND_INFO_I_FAX, i_fax)
+TOVR_EMBEDDED(ESV_ZEL_JOBINFO_SEND_INFO_FAX, fax)
+TOVR_EMBEDDED(ESV_ZEL_JOBINFO_SEND_INFO_PC, pc)
+TOVR_EMBEDDED(ESV_ZEL_JOBINFO_SEND_INFO_DETAIL, detail)
+TOVR_EMBEDDED(ESV_ZEL_JOBINFO_RECEIVE_INFO_MAIL, mail)
+TOVR_EMBEDDED(ESV_ZEL_JOBINFO_RECEIVE_INFO_I_FAX, i_fax)
+TOVR_EMBEDDED(ESV_ZEL_JOBINFO_RECEIVE_INFO_FAX, fax)
+TOVR_EMBEDDED(ESV_ZEL_JOBINFO_RECEIVE_INFO_PC, pc)
+TOVR_EMBEDDED(ESV_ZEL_JOBINFO_RECEIVE_INFO_DETAIL, detail)
 %include "esv_zel_job_state.i"
 %include "esv_zel_jobinfo_types.h"
 

@@ -5,8 +5,6 @@
 
 %include "tovr_conventions.i"
 %include <stdint.i>
-// Enumerations reach Java as plain int, so values outside the enumerators can be passed on.
-%include "enumtypeunsafe.swg"
 
 %{
 #include "esv_zel_job_types.h"
@@ -53,9 +51,18 @@ TOVR_VECTORL
 %typemap(jtype) uint32_t start_info "boolean"
 %typemap(jstype) uint32_t start_info "boolean"
 %typemap(javain) uint32_t start_info "$javainput"
-%typemap(javaout) uint32_t start_info { return $jnicall; }
+%typemap(javaout) uint32_t start_info { if (swigCPtr == 0) throw swigDeleted(); return $jnicall; }
 %typemap(in) uint32_t start_info %{ $1 = $input ? 1u : 0u; %}
 %typemap(out) uint32_t start_info %{ $result = (jboolean)(($1 & 0xFFu) != 0); %}
+// The records' embedded records.
+TOVR_EMBEDDED(ESV_ZEL_JOB_SEND_INFO_FTP, ftp_info)
+TOVR_EMBEDDED(ESV_ZEL_JOB_SEND_INFO_SMB, smb_info)
+TOVR_EMBEDDED(ESV_ZEL_JOB_SEND_INFO_MAIL, mail_info)
+TOVR_EMBEDDED(ESV_ZEL_JOB_SEND_INFO_FAX, fax_info)
+TOVR_EMBEDDED(ESV_ZEL_JOB_SEND_INFO_DETAIL, detail)
+TOVR_EMBEDDED(ESV_ZEL_PHB_INFO_DISABLE, disable_info)
+TOVR_EMBEDDED(ESV_ZEL_PHB_INFO_AFTERWARD, afterward_info)
+TOVR_EMBEDDED(ESV_ZEL_PHB_INFO_DETAIL, phb_info_detail)
 %include "esv_zel_job_state.i"
 %include "esv_zel_job_types.h"
 

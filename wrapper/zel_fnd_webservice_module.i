@@ -3,8 +3,6 @@
 %module zel_fnd_webservice_module
 
 %include "tovr_conventions.i"
-// The service kind reaches Java as a plain int and passes through unchanged.
-%include "enumtypeunsafe.swg"
 
 %{
 #include "zel_fnd_webservice_proxy.h"

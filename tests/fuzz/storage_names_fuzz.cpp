@@ -9,13 +9,14 @@
 #include <string>
 
 #include "cmt_storage_names.h"
+#include "tovr_field_text.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     // A buffer exactly as long as the input: AddressSanitizer sees any read past it.
     std::unique_ptr<char[]> exact(new char[size ? size : 1]);
     if (size) std::memcpy(exact.get(), data, size);
-    std::string java = tarnwick::cmt_storage_name_to_java(exact.get(), size);
-    if (!tarnwick::cmt_storage_is_modified_utf8(java)) std::abort();
+    std::string java = tarnwick::to_modified_utf8(exact.get(), size);
+    if (!tarnwick::is_modified_utf8(java.data(), java.size())) std::abort();
     std::string name(exact.get(), size);
     name = name.substr(0, name.find('\0'));
     if (tarnwick::cmt_storage_name_from_java(java) != name) std::abort();
@@ -27,7 +28,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (read.size() > sizeof entry->d_name) std::abort();
     if (read.find('\0') != std::string::npos) std::abort();
 
-    std::string text = tarnwick::cmt_storage_java_text(exact.get(), size);
-    if (!tarnwick::cmt_storage_is_modified_utf8(text)) std::abort();
+    // A record field of the input's size: what the library hands to NewStringUTF.
+    tarnwick::FieldText text(exact.get(), size);
+    std::size_t n = std::strlen(text.c_str());
+    if (n > 3 * size || !tarnwick::is_modified_utf8(text.c_str(), n)) std::abort();
     return 0;
 }

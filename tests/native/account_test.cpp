@@ -264,7 +264,7 @@ TEST_F(Accounts, PrintedPagesAdvanceTheDepartmentsCounters) {
 
 }  // namespace
 
-#include "zel_fnd_text.h"
+#include "tovr_field_text.h"
 
 namespace {
 

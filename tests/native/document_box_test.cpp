@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <memory>
 #include <set>
 #include <thread>
 #include <vector>
@@ -10,6 +11,7 @@
 #include "CJvm.h"
 #include "esv_zel_common_facade.h"
 #include "fake_jvm.h"
+#include "stand_in_vm.h"
 #include "tovr_sim.h"
 #include "tovr_sim_storage.h"
 #include "zel_fnd_document_manager.h"
@@ -170,4 +172,63 @@ TEST_F(DocumentBox, ForcedEntriesFillTheirFieldsExactly) {
     EXPECT_EQ(std::string(1531, 'n'), std::string(e.name, sizeof e.name));
     EXPECT_EQ(0, e.pad_name);
     EXPECT_STREQ("p", e.path);
+}
+
+namespace {
+
+// The listing building its objects in a stand-in VM.
+class DocumentBoxObjects : public DocumentBox {
+protected:
+    void SetUp() override {
+        DocumentBox::SetUp();
+        vm_ = std::make_unique<stand_in::Vm>(std::set<std::string>{
+            "tarnwick/zel/box/document/RemovableMemoryFileInfoImpl",
+            "tarnwick/zel/box/document/RemovableMemoryFileImpl", "java/util/Calendar", "java/util/Date"});
+    }
+    void TearDown() override {
+        vm_.reset();
+        DocumentBox::TearDown();  // the listing finished, the platform block freed
+    }
+    std::unique_ptr<stand_in::Vm> vm_;
+};
+
+}  // namespace
+
+TEST_F(DocumentBoxObjects, OneFileObjectPerEntry) {
+    tovr_sim::box_add_document("/f", "a.pdf", 10, 0);
+    tovr_sim::box_add_folder("/f/sub");
+    jobject list = vm_->object("java/util/ArrayList");
+    EXPECT_EQ(0, zel_fnd_document_manager::zel_fnd_get_instance()->zel_fnd_get_easy_box_list("/f", list));
+    const std::vector<stand_in::Obj*>& files = stand_in::O(list)->elements;
+    ASSERT_EQ(2u, files.size());
+    EXPECT_EQ(1, files[0]->ints.at("isfile"));
+    stand_in::Obj* info = files[0]->refs.at("info");
+    EXPECT_EQ("a.pdf", info->refs.at("name")->text);
+    EXPECT_EQ("/f/a.pdf", info->refs.at("path")->text);
+    EXPECT_EQ(10, info->ints.at("datasize"));
+    EXPECT_EQ(1970, info->refs.at("date")->ints.at("year"));
+    EXPECT_EQ(0, files[1]->ints.at("isfile"));
+    EXPECT_EQ(0, vm_->frames);
+    EXPECT_EQ(2, vm_->frames_pushed);
+    EXPECT_EQ(0, vm_->violations);
+}
+
+// A native allocation that fails inside an entry (stood in for by the VM's constructor) ends
+// the listing through its failure path: 1, the block freed and the listing finished (checked
+// by the fixture), nothing of the entry added, and the exception kept inside the library.
+TEST_F(DocumentBoxObjects, AnAllocationFailingInsideAnEntryFinishesTheListing) {
+    tovr_sim::box_add_document("/f", "a.pdf", 10, 0);
+    tovr_sim::box_add_document("/f", "b.pdf", 20, 0);
+    vm_->bad_alloc_constructors.insert("tarnwick/zel/box/document/RemovableMemoryFileImpl");
+    jobject list = vm_->object("java/util/ArrayList");
+    int result = -1;
+    EXPECT_NO_THROW(result = zel_fnd_document_manager::zel_fnd_get_instance()->zel_fnd_get_easy_box_list("/f", list));
+    EXPECT_EQ(1, result);
+    EXPECT_TRUE(stand_in::O(list)->elements.empty());
+    EXPECT_EQ(1u, tovr_sim::calls("esv_zel_get_easy_box_info").size());
+    EXPECT_EQ(1u, tovr_sim::calls("esv_zel_get_easy_box_info_finish").size());
+    EXPECT_EQ(0, vm_->frames);
+    std::vector<Line> traced = lines();
+    ASSERT_EQ(8u, traced.size());  // the entry's lines, nothing of the failure
+    EXPECT_EQ((Line{3, "zel_fnd_get_easy_box_list,-------------------------------------------"}), traced.back());
 }

@@ -15,6 +15,7 @@
 
 #include "CMT_StorageIO.h"
 #include "cmt_storage_names.h"
+#include "tovr_field_text.h"
 #include "dvu_dio.h"
 #include "esv_zel_common_facade.h"
 #include "tovr_sim.h"
@@ -152,8 +153,8 @@ TEST(StorageRecords, Readers) {
 }
 
 TEST(StorageNames, Conversion) {
-    using tarnwick::cmt_storage_name_to_java;
-    auto conv = [](const std::string& s) { return cmt_storage_name_to_java(s.data(), s.size()); };
+    using tarnwick::to_modified_utf8;
+    auto conv = [](const std::string& s) { return to_modified_utf8(s.data(), s.size()); };
     EXPECT_EQ("plain", conv("plain"));
     EXPECT_EQ("Gr\xC3\xBC\xC3\x9F" "e", conv("Gr\xC3\xBC\xC3\x9F" "e"));
     EXPECT_EQ("\xE2\x82\xAC", conv("\xE2\x82\xAC"));
@@ -162,8 +163,8 @@ TEST(StorageNames, Conversion) {
     EXPECT_EQ("\xED\xB3\x80\xED\xB2\x80", conv("\xC0\x80"));             // overlong NUL: both bytes escaped
     EXPECT_EQ("\xED\xB3\xAD\xED\xB2\xA0\xED\xB2\x80", conv("\xED\xA0\x80"));  // an encoded surrogate
     EXPECT_EQ("x\xED\xB3\xA2", conv("x\xE2"));                          // truncated at the end
-    EXPECT_EQ("ab", cmt_storage_name_to_java("ab\0cd", 5));
-    EXPECT_EQ("", cmt_storage_name_to_java(nullptr, 3));
+    EXPECT_EQ("ab", to_modified_utf8("ab\0cd", 5));
+    EXPECT_EQ("", to_modified_utf8(nullptr, 3));
 }
 
 TEST(StorageNames, RoundTripOfAnyBytes) {
@@ -171,13 +172,13 @@ TEST(StorageNames, RoundTripOfAnyBytes) {
     for (int i = 0; i < 2000; ++i) {
         std::string s(rng() % 40, '\0');
         for (char& c : s) c = static_cast<char>(1 + rng() % 255);
-        std::string j = tarnwick::cmt_storage_name_to_java(s.data(), s.size());
-        ASSERT_TRUE(tarnwick::cmt_storage_is_modified_utf8(j));
+        std::string j = tarnwick::to_modified_utf8(s.data(), s.size());
+        ASSERT_TRUE(tarnwick::is_modified_utf8(j.data(), j.size()));
         ASSERT_EQ(s, tarnwick::cmt_storage_name_from_java(j));
     }
     // Java's own text with a NUL (C0 80) and a pair passes through unchanged one way and is
     // turned into standard UTF-8 for the medium the other way.
-    EXPECT_EQ("\xC0\x80", tarnwick::cmt_storage_java_text("\xC0\x80", 2));
+    EXPECT_STREQ("\xC0\x80", tarnwick::FieldText("\xC0\x80", 2).c_str());
     EXPECT_EQ("\xF0\x9F\x98\x80", tarnwick::cmt_storage_name_from_java("\xED\xA0\xBD\xED\xB8\x80"));
 }
 

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
 #include <thread>
 
 namespace jni = tarnwick::jni;
@@ -20,24 +19,7 @@ JNIEnv* env_of_this_thread() {
     return env;
 }
 
-std::string utf(JNIEnv* env, jstring s) {
-    jni::UtfChars chars(env, s);
-    return chars ? std::string(chars.c_str()) : std::string("<null>");
-}
-
 }  // namespace
-
-TEST(ToolkitJvm, StringOfAFieldStopsAtItsEndWhenUnterminated) {
-    JNIEnv* env = env_of_this_thread();
-    ASSERT_NE(nullptr, env);
-    const char full[4] = {'a', 'b', 'c', 'd'};
-    jni::LocalRef<jstring> s(env, jni::new_string_of_field(env, full));
-    ASSERT_TRUE(s);
-    EXPECT_EQ("abcd", utf(env, s.get()));
-    const char shorter[4] = {'x', '\0', 'y', 'z'};
-    jni::LocalRef<jstring> t(env, jni::new_string_of_field(env, shorter));
-    EXPECT_EQ("x", utf(env, t.get()));
-}
 
 TEST(ToolkitJvm, GlobalClassMissingLeavesNothingPendingAndResetWithAnEnvDeletesTheReference) {
     JNIEnv* env = env_of_this_thread();

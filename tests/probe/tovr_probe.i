@@ -30,6 +30,7 @@ PROBE_APPLY(double)
 
 // Throws through the module's exception table, for the table's own test.
 %typemap(in, numinputs=0) JNIEnv *ENV %{ $1 = jenv; %}
+TOVR_STATIC(probe_throw)
 %inline %{
 void probe_throw(JNIEnv *ENV, int code, const char *message) {
     SWIG_JavaThrowException(ENV, (SWIG_JavaExceptionCodes)code, message);
@@ -120,6 +121,14 @@ public:
     unsigned int uint_value(unsigned int v);
 };
 
+%define PROBE_STATIC(NAME) TOVR_STATIC(probe_runtime::NAME) %enddef
+PROBE_STATIC(has_vm)
+PROBE_STATIC(has_env)
+PROBE_STATIC(create_jvm)
+PROBE_STATIC(forget_jvm)
+PROBE_STATIC(destroy_jvm_without_vm)
+PROBE_STATIC(create_java_object)
+PROBE_STATIC(release_java_object)
 class probe_runtime {
 public:
     static bool has_vm();

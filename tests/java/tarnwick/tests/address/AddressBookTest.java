@@ -298,21 +298,6 @@ class AddressBookTest {
     }
 
     @Test
-    void bookShrinkingBetweenThePassesLeavesTheRestNull() {
-        SimAddressBook.generate(5, 1);
-        SimAddressBook.resizeAtPrepare(2, 3);
-        Object[] found = search(1, new SearchKey("Person"));
-        assertEquals(5, found.length);
-        for (int i = 0; i < 3; ++i) assertEquals(generated(i + 1), found[i]);
-        assertNull(found[3]);
-        assertNull(found[4]);
-        List<String> t = trace();
-        assertEquals("0 search_personal_address,No more match at index [3] of [5]", t.get(t.size() - 1));
-        assertEquals(2, count(FINISH));
-        assertNothingOpen();
-    }
-
-    @Test
     void bookGrowingBetweenThePassesGivesTheCountedNumber() {
         SimAddressBook.generate(5, 1);
         SimAddressBook.resizeAtPrepare(2, 50);

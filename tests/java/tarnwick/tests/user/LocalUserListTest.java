@@ -159,23 +159,6 @@ class LocalUserListTest {
     }
 
     @Test
-    void aThrowingAddEndsTheFetchWithFourAndNoPendingException() {
-        SimUsers.addLocalUsers(3);
-        ArrayList<Object> list = new ArrayList<Object>() {
-            @Override
-            public boolean add(Object o) {
-                if (size() == 2) throw new IllegalStateException("full");
-                return super.add(o);
-            }
-        };
-        assertEquals(4, fetch(list));
-        assertEquals(2, list.size());
-        assertEquals(1, SimDevice.calls(FINISH).length);
-        List<String> t = trace(M);
-        assertEquals("0 get_local_user_list,failed. user object not added.", t.get(t.size() - 1));
-    }
-
-    @Test
     void allocationFailureFinishesAndReturnsFour() {
         SimUsers.failPlatformAlloc(1);
         assertEquals(4, fetch(new ArrayList<>()));
