@@ -24,7 +24,7 @@ if(TOVR_PLATFORM STREQUAL "host")
   # JNI side of the control classes: test and tool code, never part of libtovrCMT.so.
   file(GLOB_RECURSE sim_jni_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/platform/sim/*_jni.cpp)
   add_library(tovrsimctl SHARED ${sim_jni_sources})
-  target_include_directories(tovrsimctl PRIVATE ${TOVR_JNI_INCLUDE_DIRS} ${CMAKE_SOURCE_DIR}/common)
+  target_include_directories(tovrsimctl PRIVATE ${TOVR_JNI_INCLUDE_DIRS})
   target_link_libraries(tovrsimctl PRIVATE tovrsim)
   if(NOT TOVR_OPTIMIZE_SIM)
     target_compile_options(tovrsimctl PRIVATE -O0)

@@ -10,10 +10,6 @@
 
 namespace {
 
-using tarnwick::jni::ByteElements;
-using tarnwick::jni::IntElements;
-using tarnwick::jni::LocalFrame;
-using tarnwick::jni::LongElements;
 using tovr_sim_jni::text_of;
 using tovr_sim_jni::throw_illegal;
 
@@ -21,6 +17,33 @@ using tovr_sim_jni::throw_illegal;
 jobject element(JNIEnv* env, jobjectArray a, jsize i) {
     jobject o = env->GetObjectArrayElement(a, i);
     return env->ExceptionCheck() ? nullptr : o;
+}
+
+// Output `i`'s kind, text and bytes; false with an exception pending for the Java caller.
+bool read_output(JNIEnv* env, jobjectArray kinds, jobjectArray texts, jobjectArray bytes, jsize i,
+                 tovr_sim::Output* out) {
+    jobject kind = element(env, kinds, i);
+    if (env->ExceptionCheck()) return false;
+    if (kind == nullptr) return throw_illegal(env, "no kind"), false;
+    if (!text_of(env, static_cast<jstring>(kind), &out->kind)) return false;
+    if (!tovr_sim::valid_output_kind(out->kind)) return throw_illegal(env, "unknown output kind: " + out->kind), false;
+    jobject text = element(env, texts, i);
+    if (env->ExceptionCheck()) return false;
+    if (!text_of(env, static_cast<jstring>(text), &out->text)) return false;
+    jobject raw = element(env, bytes, i);
+    if (env->ExceptionCheck()) return false;
+    const std::string b = tovr_sim_jni::bytes(env, static_cast<jbyteArray>(raw));
+    out->bytes.assign(b.begin(), b.end());
+    return true;
+}
+
+// The same in a local frame of its own, so that references stay flat however many outputs.
+bool element_of(JNIEnv* env, jobjectArray kinds, jobjectArray texts, jobjectArray bytes, jsize i,
+                tovr_sim::Output* out) {
+    if (env->PushLocalFrame(4) != 0) return false;
+    const bool ok = read_output(env, kinds, texts, bytes, i, out);
+    env->PopLocalFrame(nullptr);
+    return ok;
 }
 
 }  // namespace
@@ -43,43 +66,17 @@ JNIEXPORT void JNICALL Java_tarnwick_sim_SimDevice_forceOutputs0(JNIEnv* env, jc
         return throw_illegal(env, "output arrays of different lengths");
     }
     std::vector<tovr_sim::Output> outputs(static_cast<std::size_t>(n));
-    {
-        IntElements index(env, indexes);
-        IntElements offset(env, offsets);
-        LongElements number(env, numbers);
-        if (!index || !offset || !number) return;  // the VM's OutOfMemoryError is pending
-        index.abort();
-        offset.abort();
-        number.abort();
-        for (jsize i = 0; i < n; ++i) {
-            if (index.get()[i] < 0 || offset.get()[i] < 0) return throw_illegal(env, "negative index or offset");
-            outputs[i].index = index.get()[i];
-            outputs[i].offset = static_cast<std::size_t>(offset.get()[i]);
-            outputs[i].number = static_cast<long long>(number.get()[i]);
-        }
+    const std::vector<jint> index = tovr_sim_jni::ints(env, indexes);
+    const std::vector<jint> offset = tovr_sim_jni::ints(env, offsets);
+    const std::vector<jlong> number = tovr_sim_jni::longs(env, numbers);
+    for (jsize i = 0; i < n; ++i) {
+        if (index[i] < 0 || offset[i] < 0) return throw_illegal(env, "negative index or offset");
+        outputs[i].index = index[i];
+        outputs[i].offset = static_cast<std::size_t>(offset[i]);
+        outputs[i].number = static_cast<long long>(number[i]);
     }
     for (jsize i = 0; i < n; ++i) {
-        LocalFrame frame(env, 4);
-        if (!frame.ok()) return;
-        jobject kind = element(env, kinds, i);
-        if (env->ExceptionCheck()) return;
-        if (kind == nullptr) return throw_illegal(env, "no kind");
-        if (!text_of(env, static_cast<jstring>(kind), &outputs[i].kind)) return;
-        if (!tovr_sim::valid_output_kind(outputs[i].kind)) {
-            return throw_illegal(env, "unknown output kind: " + outputs[i].kind);
-        }
-        jobject text = element(env, texts, i);
-        if (env->ExceptionCheck()) return;
-        if (!text_of(env, static_cast<jstring>(text), &outputs[i].text)) return;
-        jobject raw = element(env, bytes, i);
-        if (env->ExceptionCheck()) return;
-        if (raw != nullptr) {
-            ByteElements b(env, static_cast<jbyteArray>(raw));
-            if (!b) return;
-            b.abort();
-            outputs[i].bytes.assign(reinterpret_cast<const unsigned char*>(b.get()),
-                                    reinterpret_cast<const unsigned char*>(b.get()) + b.size());
-        }
+        if (!element_of(env, kinds, texts, bytes, i, &outputs[i])) return;
     }
     if (!tovr_sim::force_outputs(name, static_cast<long>(result), outputs, times)) {
         throw_illegal(env, "output not accepted");
