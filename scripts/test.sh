@@ -58,6 +58,11 @@ timed() {  # key, log, command...
 
 # ---- builds: configure and build, log in <out>/<stage>.build.log
 # A tree made by another generator is made again (CMake cannot switch a tree's generator).
+# The build type's optimisation with line tables only (-g1): every stack a failure prints still
+# names file and line, and the library and the simulated device compile in a quarter less time
+# than with full debug information (-g). The PowerPC and device trees share these flags, so that
+# the device build takes the PowerPC tree's objects from the compiler cache.
+line_tables="-O2 -g1 -DNDEBUG"
 configure_and_build() {  # dir, target args, --, cmake args...
   local dir=$1 target=() 
   shift
@@ -66,7 +71,8 @@ configure_and_build() {  # dir, target args, --, cmake args...
   if [ -f "$dir/CMakeCache.txt" ] && ! grep -q '^CMAKE_GENERATOR:INTERNAL=Ninja$' "$dir/CMakeCache.txt"; then
     rm -rf "$dir"
   fi
-  cmake -S "$root" -B "$dir" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo "$@" &&
+  cmake -S "$root" -B "$dir" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
+    -DCMAKE_CXX_FLAGS_RELWITHDEBINFO="$line_tables" -DCMAKE_C_FLAGS_RELWITHDEBINFO="$line_tables" "$@" &&
     cmake --build "$dir" -j "$jobs" "${target[@]}"
 }
 
