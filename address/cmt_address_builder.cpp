@@ -10,15 +10,6 @@
 
 namespace tarnwick {
 
-const jni::Member kServerInfoMembers[6] = {
-    {jni::Member::kConstructor, "<init>", "()V"},
-    {jni::Member::kField, "host", "Ljava/lang/String;"},
-    {jni::Member::kField, "path", "Ljava/lang/String;"},
-    {jni::Member::kField, "port", "I"},
-    {jni::Member::kField, "loginName", "Ljava/lang/String;"},
-    {jni::Member::kField, "password", "Ljava/lang/String;"},
-};
-
 cmt_address_builder::cmt_address_builder(const char* module, jni::JavaClass& java_class) : class_(java_class) {
     env_ = CJvm::GetJNIEnv();
     if (env_ == nullptr) {
@@ -35,7 +26,9 @@ cmt_address_builder::~cmt_address_builder() {}
 
 jclass cmt_address_builder::found_class() const { return env_ != nullptr ? found_ : nullptr; }
 
-jfieldID cmt_address_builder::field(std::size_t i) const { return found_ != nullptr ? class_.field(i) : nullptr; }
+jfieldID cmt_address_builder::field(jobject obj, std::size_t i) const {
+    return obj != nullptr && found_ != nullptr ? class_.field(i) : nullptr;
+}
 
 jobject cmt_address_builder::create_object() {
     if (found_ == nullptr || class_.method(0) == nullptr) return nullptr;
@@ -46,8 +39,9 @@ jobject cmt_address_builder::create_object() {
 }
 
 // The string is a local reference of the search's frame for this address.
-void cmt_address_builder::set_text(jobject obj, jfieldID id, const char* value) {
-    if (env_ == nullptr || obj == nullptr || id == nullptr || value == nullptr) return;
+void cmt_address_builder::set_text(jobject obj, std::size_t i, const char* value) {
+    jfieldID id = field(obj, i);
+    if (id == nullptr || value == nullptr) return;
     jstring s = jni::new_field_string(env_, value, std::strlen(value) + 1);
     if (s == nullptr) {
         jni::failed(env_);  // no room for it: described and cleared, the field stays as it was
@@ -56,19 +50,16 @@ void cmt_address_builder::set_text(jobject obj, jfieldID id, const char* value) 
     env_->SetObjectField(obj, id, s);
 }
 
-void cmt_address_builder::set_byte(jobject obj, jfieldID id, signed char value) {
-    if (env_ == nullptr || obj == nullptr || id == nullptr) return;
-    env_->SetByteField(obj, id, static_cast<jbyte>(value));
+void cmt_address_builder::set_byte(jobject obj, std::size_t i, signed char value) {
+    if (jfieldID id = field(obj, i)) env_->SetByteField(obj, id, static_cast<jbyte>(value));
 }
 
-void cmt_address_builder::set_int(jobject obj, jfieldID id, int value) {
-    if (env_ == nullptr || obj == nullptr || id == nullptr) return;
-    env_->SetIntField(obj, id, static_cast<jint>(value));
+void cmt_address_builder::set_int(jobject obj, std::size_t i, int value) {
+    if (jfieldID id = field(obj, i)) env_->SetIntField(obj, id, static_cast<jint>(value));
 }
 
-void cmt_address_builder::set_object(jobject obj, jfieldID id, jobject value) {
-    if (env_ == nullptr || obj == nullptr || id == nullptr) return;
-    env_->SetObjectField(obj, id, value);
+void cmt_address_builder::set_object(jobject obj, std::size_t i, jobject value) {
+    if (jfieldID id = field(obj, i)) env_->SetObjectField(obj, id, value);
 }
 
 }  // namespace tarnwick

@@ -1,6 +1,7 @@
 // Common part of the address-record builders: the calling thread's environment, one Java class
 // (jni::JavaClass: class, no-argument constructor and field IDs looked up once per process) and
-// the field setters. A builder lives for one search on one Java thread.
+// the field setters, which name a field by its place in the class's member list. A builder
+// lives for one search on one Java thread.
 #ifndef TARNWICK_CMT_ADDRESS_BUILDER_H
 #define TARNWICK_CMT_ADDRESS_BUILDER_H
 
@@ -11,10 +12,6 @@
 #include "tovr_jni_class.h"
 
 namespace tarnwick {
-
-// The members of the FTP and of the SMB info class, which have the same fields: the
-// constructor, host, path, port, loginName and password.
-extern const jni::Member kServerInfoMembers[6];
 
 class cmt_address_builder {
 public:
@@ -33,21 +30,23 @@ protected:
     // the builder then creates nothing or leaves that field as it is.
     cmt_address_builder(const char* module, jni::JavaClass& java_class);
 
-    // The ID of member `i` of the class's list, or null (unset builder, missing member).
-    jfieldID field(std::size_t i) const;
     // The class, or null (unset builder, class missing).
     jclass found_class() const;
 
-    // Each sets one field when the object and the field ID exist; a failed step is described
-    // and cleared, the field stays as it was. Texts go through the one field-to-string conversion.
-    void set_text(jobject obj, jfieldID id, const char* value);
-    void set_byte(jobject obj, jfieldID id, signed char value);
-    void set_int(jobject obj, jfieldID id, int value);
-    void set_object(jobject obj, jfieldID id, jobject value);
+    // Each sets field `i` of the class's member list when the object and the field exist; a
+    // failed step is described and cleared, the field stays as it was. Texts go through the one
+    // field-to-string conversion.
+    void set_text(jobject obj, std::size_t i, const char* value);
+    void set_byte(jobject obj, std::size_t i, signed char value);
+    void set_int(jobject obj, std::size_t i, int value);
+    void set_object(jobject obj, std::size_t i, jobject value);
 
     JNIEnv* env_ = nullptr;
 
 private:
+    // The ID of field `i` of `obj`'s class, or null (no object, unset builder, missing member).
+    jfieldID field(jobject obj, std::size_t i) const;
+
     jni::JavaClass& class_;
     jclass found_ = nullptr;
 };

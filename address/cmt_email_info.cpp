@@ -17,12 +17,8 @@ jni::JavaClass& java_class() {
 
 }  // namespace
 
-cmt_email_info::cmt_email_info() : cmt_address_builder("cmt_email_info", java_class()) {
-    mail_address_ = field(1);
-}
+cmt_email_info::cmt_email_info() : cmt_address_builder("cmt_email_info", java_class()) {}
 
-cmt_email_info::~cmt_email_info() {}
-
-void cmt_email_info::set_field_mail_address(jobject obj, const char* value) { set_text(obj, mail_address_, value); }
+void cmt_email_info::set_field_mail_address(jobject obj, const char* value) { set_text(obj, 1, value); }
 
 }  // namespace tarnwick

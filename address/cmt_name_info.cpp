@@ -18,15 +18,10 @@ jni::JavaClass& java_class() {
 
 }  // namespace
 
-cmt_name_info::cmt_name_info() : cmt_address_builder("cmt_name_info", java_class()) {
-    name_ = field(1);
-    pronunciation_ = field(2);
-}
+cmt_name_info::cmt_name_info() : cmt_address_builder("cmt_name_info", java_class()) {}
 
-cmt_name_info::~cmt_name_info() {}
+void cmt_name_info::set_field_name(jobject obj, const char* value) { set_text(obj, 1, value); }
 
-void cmt_name_info::set_field_name(jobject obj, const char* value) { set_text(obj, name_, value); }
-
-void cmt_name_info::set_field_pronunciation(jobject obj, const char* value) { set_text(obj, pronunciation_, value); }
+void cmt_name_info::set_field_pronunciation(jobject obj, const char* value) { set_text(obj, 2, value); }
 
 }  // namespace tarnwick

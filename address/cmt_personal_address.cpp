@@ -23,23 +23,14 @@ jni::JavaClass& java_class() {
 
 }  // namespace
 
-cmt_personal_address::cmt_personal_address() : cmt_address_builder("cmt_personal_address", java_class()) {
-    name_ = field(1);
-    email_ = field(2);
-    ftp_ = field(3);
-    smb_ = field(4);
-    fax_ = field(5);
-    ifax_ = field(6);
-}
+cmt_personal_address::cmt_personal_address() : cmt_address_builder("cmt_personal_address", java_class()) {}
 
-cmt_personal_address::~cmt_personal_address() {}
-
-void cmt_personal_address::set_field_name(jobject obj, jobject value) { set_object(obj, name_, value); }
-void cmt_personal_address::set_field_email(jobject obj, jobject value) { set_object(obj, email_, value); }
-void cmt_personal_address::set_field_ftp(jobject obj, jobject value) { set_object(obj, ftp_, value); }
-void cmt_personal_address::set_field_smb(jobject obj, jobject value) { set_object(obj, smb_, value); }
-void cmt_personal_address::set_field_fax(jobject obj, jobject value) { set_object(obj, fax_, value); }
-void cmt_personal_address::set_field_ifax(jobject obj, jobject value) { set_object(obj, ifax_, value); }
+void cmt_personal_address::set_field_name(jobject obj, jobject value) { set_object(obj, 1, value); }
+void cmt_personal_address::set_field_email(jobject obj, jobject value) { set_object(obj, 2, value); }
+void cmt_personal_address::set_field_ftp(jobject obj, jobject value) { set_object(obj, 3, value); }
+void cmt_personal_address::set_field_smb(jobject obj, jobject value) { set_object(obj, 4, value); }
+void cmt_personal_address::set_field_fax(jobject obj, jobject value) { set_object(obj, 5, value); }
+void cmt_personal_address::set_field_ifax(jobject obj, jobject value) { set_object(obj, 6, value); }
 
 jobjectArray cmt_personal_address::create_object_array(int n) {
     jclass cls = found_class();
