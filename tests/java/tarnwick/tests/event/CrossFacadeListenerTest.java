@@ -4,6 +4,7 @@ import static org.junit.jupiter.api.Assertions.assertArrayEquals;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertTrue;
+import static tarnwick.tests.event.EventFixture.OK;
 
 import java.util.List;
 import java.util.concurrent.CopyOnWriteArrayList;
@@ -32,7 +33,6 @@ class CrossFacadeListenerTest {
     @RegisterExtension
     static final SimDeviceExtension device = new SimDeviceExtension();
 
-    private static final long[] OK = {0L};
 
     @Test
     void listenersCallingIntoEachOthersServiceAtOnceBothReturn() throws Exception {

@@ -4,6 +4,7 @@ import tarnwick.sim.SimAcc;
 import tarnwick.sim.SimCommon;
 import tarnwick.sim.SimJobs;
 import tarnwick.sim.SimPanel;
+import tarnwick.tests.support.EventProxies;
 import tarnwick.zel.controller.event.device.ICCardInfo;
 import tarnwick.zel.controller.event.job.Job;
 import tarnwick.zel.controller.event.proxy.AccProxy;
@@ -98,7 +99,7 @@ enum ListenedProxy {
 
     /** No listener on any proxy, no manager started. */
     static void clear() {
-        EventFixture.removeListeners();
+        EventProxies.removeAllListeners();
         for (zel_fnd_event_manager m : zel_fnd_event_manager.started()) m.delete();
     }
 }

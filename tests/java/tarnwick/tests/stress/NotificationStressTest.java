@@ -18,6 +18,7 @@ import tarnwick.sim.SimAddressBook;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimFlood;
 import tarnwick.sim.SimJobs;
+import tarnwick.tests.support.EventProxies;
 import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.controller.event.job.Job;
 import tarnwick.zel.controller.event.job.PrintPageInfo;
@@ -26,7 +27,6 @@ import tarnwick.zel.controller.event.proxy.CommonProxy;
 import tarnwick.zel.controller.event.proxy.JobInfoProxy;
 import tarnwick.zel.controller.event.proxy.JobProxy;
 import tarnwick.zel.controller.event.proxy.PanelProxy;
-import tarnwick.zel.controller.event.proxy.SynchronousEventProxy;
 import tarnwick.zel.wrapper.address.CMT_ADDRESSBOOKJNI;
 import tarnwick.zel.wrapper.appinfo.cmt_appinfoJNI;
 import tarnwick.zel.wrapper.device.attribute.CMT_ICCardJNI;
@@ -93,15 +93,6 @@ class NotificationStressTest {
         JobInfoProxy.addListener(new JobInfoProxy.Listener() {
             @Override public void page(Object info) { count(SimFlood.JOBINFO, ((PrintPageInfo) info).getUserJobId()); }
         });
-    }
-
-    private static void removeListeners() {
-        CommonProxy.removeAllListeners();
-        SynchronousEventProxy.removeAllListeners();
-        JobProxy.removeAllListeners();
-        JobInfoProxy.removeAllListeners();
-        AccProxy.removeAllListeners();
-        PanelProxy.removeAllListeners();
     }
 
     // ----- what the Java threads call -----
@@ -275,7 +266,7 @@ class NotificationStressTest {
         SimJobs.reset();
         SimAddressBook.reset();
         SimAddressBook.generate(ADDRESSES, 1);
-        removeListeners();
+        EventProxies.removeAllListeners();
         listen();
         assertEquals(0, cmt_commonJNI.cmt_init_init());
         ModuleRecords records = new ModuleRecords();
@@ -322,7 +313,7 @@ class NotificationStressTest {
             }
         } finally {
             ZELFNDEventJNI.delete_zel_fnd_event_manager(manager);
-            removeListeners();
+            EventProxies.removeAllListeners();
         }
     }
 }
