@@ -112,10 +112,7 @@ using tovr_sim::jobsim::JobLog;
 
 esv_zel_jobinfo_facade::esv_zel_jobinfo_facade() {}
 
-esv_zel_jobinfo_facade* esv_zel_jobinfo_facade::esv_zel_jobinfo_get_instance() {
-    static esv_zel_jobinfo_facade* instance = new esv_zel_jobinfo_facade;
-    return instance;
-}
+TOVR_SIM_FACADE_INSTANCE(jobinfo)
 
 long esv_zel_jobinfo_facade::esv_zel_jobinfo_add_observer(esv_zel_jobinfo_observer* observer) {
     TOVR_SIM_RECORD(long, observer);

@@ -176,10 +176,7 @@ namespace tarnwick {
 
 using tovr_sim::state;
 
-esv_zel_systeminfo_facade* esv_zel_systeminfo_facade::esv_zel_systeminfo_get_instance() {
-    static esv_zel_systeminfo_facade* instance = new esv_zel_systeminfo_facade;
-    return instance;
-}
+TOVR_SIM_FACADE_INSTANCE(systeminfo)
 
 long esv_zel_systeminfo_facade::esv_zel_systeminfo_get_model_type(unsigned int& type) {
     TOVR_SIM_RECORD(long, type);

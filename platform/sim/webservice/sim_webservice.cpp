@@ -52,10 +52,7 @@ namespace tarnwick {
 
 using tovr_sim::services;
 
-esv_zel_webservice_facade* esv_zel_webservice_facade::esv_zel_webservice_get_instance() {
-    static esv_zel_webservice_facade* instance = new esv_zel_webservice_facade;
-    return instance;
-}
+TOVR_SIM_FACADE_INSTANCE(webservice)
 
 long esv_zel_webservice_facade::esv_zel_webservice_reserve(ESV_ZEL_WEBSERVICE_KIND kind, std::string const& name) {
     TOVR_SIM_RECORD(long, kind, name);
