@@ -122,6 +122,17 @@ struct Device {
 };
 Device& device();
 
+// The device locked for one call on a job: `job` is that job, or null when there is none such.
+struct JobCall {
+    explicit JobCall(unsigned int user_job_id) : d(device()), lock(d.mutex) {
+        auto it = d.jobs.find(user_job_id);
+        if (it != d.jobs.end()) job = it->second;
+    }
+    Device& d;
+    std::lock_guard<std::mutex> lock;
+    std::shared_ptr<Job> job;
+};
+
 // ---------------------------------------------------------------------------------------------
 // Edits of a set by the facade's members.
 
