@@ -77,7 +77,7 @@ final class EventFixture implements AutoCloseable, BeforeEachCallback, AfterEach
     }
 
     private void addListeners() {
-        CommonProxy.addListener(new CommonProxy.Listener() {
+        CommonProxy.listeners.add(new CommonProxy.Listener() {
             @Override public void logout() { record("logout"); }
             @Override public void communicationError() { record("communicationError"); }
             @Override public void sleep(int state) { record("sleep " + state); }
@@ -90,7 +90,7 @@ final class EventFixture implements AutoCloseable, BeforeEachCallback, AfterEach
             @Override public void wasteToner(short status) { record("wasteToner " + status); }
             @Override public void keyDevice(int status) { record("keyDevice " + status); }
         });
-        SynchronousEventProxy.addListener(new SynchronousEventProxy.Listener() {
+        SynchronousEventProxy.listeners.add(new SynchronousEventProxy.Listener() {
             @Override public void systemRestart(int type) { record("systemRestart " + type); }
             @Override public void networkRestart(int type) { record("networkRestart " + type); }
             @Override public boolean prepareActivation(int scenario, long value) {
@@ -99,7 +99,7 @@ final class EventFixture implements AutoCloseable, BeforeEachCallback, AfterEach
             }
             @Override public void residentAppsStateChanged(int state) { record("residentAppsStateChanged " + state); }
         });
-        JobProxy.addListener(new JobProxy.Listener() {
+        JobProxy.listeners.add(new JobProxy.Listener() {
             @Override public void jobStateChanged(Job job) {
                 objects.add(job);
                 record("jobStateChanged " + job.getJobid() + " " + job.getState() + " " + job.getJobMode() + " "
@@ -110,19 +110,19 @@ final class EventFixture implements AutoCloseable, BeforeEachCallback, AfterEach
             @Override public void combConstraint(long id) { record("combConstraint " + id); }
             @Override public void panelMessageUpdate(long id) { record("panelMessageUpdate " + id); }
         });
-        JobInfoProxy.addListener(new JobInfoProxy.Listener() {
+        JobInfoProxy.listeners.add(new JobInfoProxy.Listener() {
             @Override public void page(Object info) { objects.add(info); record("page " + info); }
             @Override public void jobLog(JobLogInfo info) { objects.add(info); record("jobLog " + info); }
             @Override public void interpreter(InterpreterInfo info) { objects.add(info); record("interpreter " + info); }
         });
-        AccProxy.addListener(new AccProxy.Listener() {
+        AccProxy.listeners.add(new AccProxy.Listener() {
             @Override public void icCard(ICCardInfo info) { objects.add(info); record("icCard " + info.getCardId()); }
             @Override public void icCardError(int code) { record("icCardError " + code); }
             @Override public void icCardDevice(int vendor, int product, boolean connected, byte types) {
                 record("icCardDevice " + vendor + " " + product + " " + connected + " " + types);
             }
         });
-        PanelProxy.addListener(new PanelProxy.Listener() {
+        PanelProxy.listeners.add(new PanelProxy.Listener() {
             @Override public void applStart(long id) { record("applStart " + id); }
             @Override public void autoReset() { record("autoReset"); }
         });

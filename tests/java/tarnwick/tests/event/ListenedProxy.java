@@ -24,7 +24,7 @@ enum ListenedProxy {
     COMMON("zel_fnd_common_observer", 0) {
         @Override long[] raise(int n) { return SimCommon.coverStatus(n); }
         @Override void listen(Runnable action) {
-            CommonProxy.addListener(new CommonProxy.Listener() {
+            CommonProxy.listeners.add(new CommonProxy.Listener() {
                 @Override public void cover(long status) { action.run(); }
             });
         }
@@ -33,7 +33,7 @@ enum ListenedProxy {
     SYNCHRONOUS("zel_fnd_common_observer", 0) {
         @Override long[] raise(int n) { return SimCommon.serviceStateChanged(n); }
         @Override void listen(Runnable action) {
-            SynchronousEventProxy.addListener(new SynchronousEventProxy.Listener() {
+            SynchronousEventProxy.listeners.add(new SynchronousEventProxy.Listener() {
                 @Override public void systemRestart(int type) { action.run(); }
             });
         }
@@ -42,7 +42,7 @@ enum ListenedProxy {
     JOB("zel_fnd_job_observer", 0x04010001L) {
         @Override long[] raise(int n) { return SimJobs.jobStateChanged(1, n, 0, 1, "alice", 0, 0); }
         @Override void listen(Runnable action) {
-            JobProxy.addListener(new JobProxy.Listener() {
+            JobProxy.listeners.add(new JobProxy.Listener() {
                 @Override public void jobStateChanged(Job job) { action.run(); }
             });
         }
@@ -51,7 +51,7 @@ enum ListenedProxy {
     JOBINFO("zel_fnd_jobinfo_observer", 0x04010001L) {
         @Override long[] raise(int n) { return SimJobs.printPage(new long[] {n, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}); }
         @Override void listen(Runnable action) {
-            JobInfoProxy.addListener(new JobInfoProxy.Listener() {
+            JobInfoProxy.listeners.add(new JobInfoProxy.Listener() {
                 @Override public void page(Object info) { action.run(); }
             });
         }
@@ -60,7 +60,7 @@ enum ListenedProxy {
     ACC("zel_fnd_acc_observer", 0x04010A05L) {
         @Override long[] raise(int n) { return SimAcc.iccardDetect("card" + n, 1, 0, 0); }
         @Override void listen(Runnable action) {
-            AccProxy.addListener(new AccProxy.Listener() {
+            AccProxy.listeners.add(new AccProxy.Listener() {
                 @Override public void icCard(ICCardInfo info) { action.run(); }
             });
         }
@@ -69,7 +69,7 @@ enum ListenedProxy {
     PANEL("zel_fnd_panel_observer", 0) {
         @Override long[] raise(int n) { return SimPanel.keyEvent(n, 0); }
         @Override void listen(Runnable action) {
-            PanelProxy.addListener(new PanelProxy.Listener() {
+            PanelProxy.listeners.add(new PanelProxy.Listener() {
                 @Override public void applStart(long id) { action.run(); }
             });
         }

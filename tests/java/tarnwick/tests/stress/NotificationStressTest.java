@@ -73,10 +73,10 @@ class NotificationStressTest {
     }
 
     private void listen() {
-        CommonProxy.addListener(new CommonProxy.Listener() {
+        CommonProxy.listeners.add(new CommonProxy.Listener() {
             @Override public void cover(long status) { count(SimFlood.COMMON, status); }
         });
-        JobProxy.addListener(new JobProxy.Listener() {
+        JobProxy.listeners.add(new JobProxy.Listener() {
             @Override public void jobStateChanged(Job job) {
                 if (!("user" + Integer.toUnsignedString(job.getJobid())).equals(job.getUserName())) {
                     failures.add(new AssertionError("job " + job.getJobid() + " came with user " + job.getUserName()));
@@ -84,13 +84,13 @@ class NotificationStressTest {
                 count(SimFlood.JOB, Integer.toUnsignedLong(job.getJobid()));
             }
         });
-        PanelProxy.addListener(new PanelProxy.Listener() {
+        PanelProxy.listeners.add(new PanelProxy.Listener() {
             @Override public void applStart(long id) { count(SimFlood.PANEL, id); }
         });
-        AccProxy.addListener(new AccProxy.Listener() {
+        AccProxy.listeners.add(new AccProxy.Listener() {
             @Override public void icCardError(int code) { count(SimFlood.ACC, code); }
         });
-        JobInfoProxy.addListener(new JobInfoProxy.Listener() {
+        JobInfoProxy.listeners.add(new JobInfoProxy.Listener() {
             @Override public void page(Object info) { count(SimFlood.JOBINFO, ((PrintPageInfo) info).getUserJobId()); }
         });
     }

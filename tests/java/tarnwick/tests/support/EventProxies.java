@@ -13,11 +13,11 @@ public final class EventProxies {
 
     /** No listener left on any proxy. */
     public static void removeAllListeners() {
-        CommonProxy.removeAllListeners();
-        SynchronousEventProxy.removeAllListeners();
-        JobProxy.removeAllListeners();
-        JobInfoProxy.removeAllListeners();
-        AccProxy.removeAllListeners();
-        PanelProxy.removeAllListeners();
+        CommonProxy.listeners.clear();
+        SynchronousEventProxy.listeners.clear();
+        JobProxy.listeners.clear();
+        JobInfoProxy.listeners.clear();
+        AccProxy.listeners.clear();
+        PanelProxy.listeners.clear();
     }
 }
