@@ -85,27 +85,33 @@ unsigned long open_session(Users& u, const std::string& login_name) {
 
 bool known_mode(int mode) { return mode >= ESV_ZEL_USER_AUTHMODE_OFF && mode <= ESV_ZEL_USER_AUTHMODE_NETWORK; }
 
-long login(const std::string& user, const std::string& password, ESV_ZEL_USER_AUTHMODE mode,
-           const std::string& domain, unsigned long* cert_id) {
-    if (cert_id == nullptr || !known_mode(mode) || user.empty()) return ESV_ZEL_USER_PARAM_ERROR;
+namespace {
+
+// check_password() under the users' lock; when the password holds, `then(users, rights)` runs
+// under the same lock.
+template <typename Then>
+long with_password(const std::string& user, const std::string& password, const std::string& domain, Then then) {
     Users& u = users();
     std::lock_guard<std::mutex> lock(u.mutex);
     int rights = 0;
     long rc = check_password(u, user, password, domain, &rights);
-    if (rc != ESV_ZEL_USER_OK) return rc;
-    *cert_id = open_session(u, user);
-    return ESV_ZEL_USER_OK;
+    if (rc == ESV_ZEL_USER_OK) then(u, rights);
+    return rc;
+}
+
+}  // namespace
+
+long login(const std::string& user, const std::string& password, ESV_ZEL_USER_AUTHMODE mode,
+           const std::string& domain, unsigned long* cert_id) {
+    if (cert_id == nullptr || !known_mode(mode) || user.empty()) return ESV_ZEL_USER_PARAM_ERROR;
+    return with_password(user, password, domain, [&](Users& u, int) { *cert_id = open_session(u, user); });
 }
 
 long get_rights(const std::string& user, const std::string& password, const std::string& domain,
                 ESV_ZEL_USER_RIGHTS* rights) {
     if (rights == nullptr) return ESV_ZEL_USER_PARAM_ERROR;
-    Users& u = users();
-    std::lock_guard<std::mutex> lock(u.mutex);
-    int value = 0;
-    long rc = check_password(u, user, password, domain, &value);
-    if (rc == ESV_ZEL_USER_OK) *rights = static_cast<ESV_ZEL_USER_RIGHTS>(value);
-    return rc;
+    return with_password(user, password, domain,
+                         [&](Users&, int value) { *rights = static_cast<ESV_ZEL_USER_RIGHTS>(value); });
 }
 
 // A hidden record as stored: every text within its field and terminated.
