@@ -10,7 +10,65 @@
 
 namespace tarnwick {
 
-cmt_address_builder::cmt_address_builder(const char* module, jni::JavaClass& java_class) : class_(java_class) {
+namespace {
+
+constexpr jni::Member kConstructor = {jni::Member::kConstructor, "<init>", "()V"};
+constexpr const char* kText = "Ljava/lang/String;";
+
+const jni::Member kName[] = {kConstructor, {jni::Member::kField, "name", kText},
+                             {jni::Member::kField, "pronunciation", kText}};
+const jni::Member kEmail[] = {kConstructor, {jni::Member::kField, "mailAddress", kText}};
+// FTP and SMB destinations have the same fields.
+const jni::Member kServer[] = {kConstructor,
+                               {jni::Member::kField, "host", kText},
+                               {jni::Member::kField, "path", kText},
+                               {jni::Member::kField, "port", "I"},
+                               {jni::Member::kField, "loginName", kText},
+                               {jni::Member::kField, "password", kText}};
+const jni::Member kFax[] = {kConstructor,
+                            {jni::Member::kField, "faxNum", kText},
+                            {jni::Member::kField, "bitrateType", "B"},
+                            {jni::Member::kField, "ecm", "B"},
+                            {jni::Member::kField, "faxAddress", kText},
+                            {jni::Member::kField, "encode", "B"},
+                            {jni::Member::kField, "encodeID", "B"},
+                            {jni::Member::kField, "encodeBox", "B"},
+                            {jni::Member::kField, "encodeBoxNum", "B"},
+                            {jni::Member::kField, "name", kText},
+                            {jni::Member::kField, "department", kText},
+                            {jni::Member::kField, "company", kText},
+                            {jni::Member::kField, "honorificTitleType", "B"}};
+const jni::Member kIfax[] = {kConstructor,
+                             {jni::Member::kField, "ifaxAddress", kText},
+                             {jni::Member::kField, "modeType", "B"},
+                             {jni::Member::kField, "sizeType", "B"},
+                             {jni::Member::kField, "resolutionType", "B"},
+                             {jni::Member::kField, "fileType", "B"}};
+const jni::Member kPersonal[] = {kConstructor,
+                                 {jni::Member::kField, "name", "Ltarnwick/zel/address/attribute/NameInfoImpl;"},
+                                 {jni::Member::kField, "email", "Ltarnwick/zel/address/attribute/EmailInfoImpl;"},
+                                 {jni::Member::kField, "ftp", "Ltarnwick/zel/address/attribute/FtpInfoImpl;"},
+                                 {jni::Member::kField, "smb", "Ltarnwick/zel/address/attribute/SmbInfoImpl;"},
+                                 {jni::Member::kField, "fax", "Ltarnwick/zel/address/attribute/FaxInfoImpl;"},
+                                 {jni::Member::kField, "ifax", "Ltarnwick/zel/address/attribute/IfaxInfoImpl;"}};
+
+// One holder a part, in the order of cmt_address_builder::Part, made at the first search.
+jni::JavaClass& java_class(cmt_address_builder::Part part) {
+    static jni::JavaClass holders[] = {
+        {"tarnwick/zel/address/attribute/NameInfoImpl", kName},
+        {"tarnwick/zel/address/attribute/EmailInfoImpl", kEmail},
+        {"tarnwick/zel/address/attribute/FtpInfoImpl", kServer},
+        {"tarnwick/zel/address/attribute/SmbInfoImpl", kServer},
+        {"tarnwick/zel/address/attribute/FaxInfoImpl", kFax},
+        {"tarnwick/zel/address/attribute/IfaxInfoImpl", kIfax},
+        {"tarnwick/zel/address/PersonalAddressImpl", kPersonal},
+    };
+    return holders[static_cast<std::size_t>(part)];
+}
+
+}  // namespace
+
+cmt_address_builder::cmt_address_builder(const char* module, Part part) : class_(java_class(part)) {
     env_ = CJvm::GetJNIEnv();
     if (env_ == nullptr) {
 #define CMT_TRACE_MODULE module

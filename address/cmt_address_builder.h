@@ -1,7 +1,7 @@
 // Common part of the address-record builders: the calling thread's environment, one Java class
-// (jni::JavaClass: class, no-argument constructor and field IDs looked up once per process) and
-// the field setters, which name a field by its place in the class's member list. A builder
-// lives for one search on one Java thread.
+// of an address's parts (jni::JavaClass: class, no-argument constructor and field IDs looked up
+// once per process, all listed in one table) and the field setters, which name a field by its
+// place in the class's member list. A builder lives for one search on one Java thread.
 #ifndef TARNWICK_CMT_ADDRESS_BUILDER_H
 #define TARNWICK_CMT_ADDRESS_BUILDER_H
 
@@ -15,6 +15,9 @@ namespace tarnwick {
 
 class cmt_address_builder {
 public:
+    // The Java classes a search builds, one a part of an address.
+    enum class Part { kName, kEmail, kFtp, kSmb, kFax, kIfax, kPersonal };
+
     cmt_address_builder(const cmt_address_builder&) = delete;
     cmt_address_builder& operator=(const cmt_address_builder&) = delete;
     virtual ~cmt_address_builder();
@@ -25,10 +28,11 @@ public:
 
 protected:
     // Takes the environment from CJvm::GetJNIEnv(); without one traces "Fail to get JNIEnv."
-    // (level 0, under `module`) and stays unset. `java_class` lists the constructor first, then
-    // the fields; a missing class or member is described and cleared at its first lookup, and
-    // the builder then creates nothing or leaves that field as it is.
-    cmt_address_builder(const char* module, jni::JavaClass& java_class);
+    // (level 0, under `module`) and stays unset. The class of `part` lists the constructor first,
+    // then the fields in the order of the builder's setters; a missing class or member is
+    // described and cleared at its first lookup, and the builder then creates nothing or leaves
+    // that field as it is.
+    cmt_address_builder(const char* module, Part part);
 
     // The class, or null (unset builder, class missing).
     jclass found_class() const;

@@ -1,34 +1,8 @@
 #include "cmt_fax_info.h"
 
-#include "tovr_jni_class.h"
-
 namespace tarnwick {
 
-namespace {
-
-jni::JavaClass& java_class() {
-    static const jni::Member members[] = {
-        {jni::Member::kConstructor, "<init>", "()V"},
-        {jni::Member::kField, "faxNum", "Ljava/lang/String;"},
-        {jni::Member::kField, "bitrateType", "B"},
-        {jni::Member::kField, "ecm", "B"},
-        {jni::Member::kField, "faxAddress", "Ljava/lang/String;"},
-        {jni::Member::kField, "encode", "B"},
-        {jni::Member::kField, "encodeID", "B"},
-        {jni::Member::kField, "encodeBox", "B"},
-        {jni::Member::kField, "encodeBoxNum", "B"},
-        {jni::Member::kField, "name", "Ljava/lang/String;"},
-        {jni::Member::kField, "department", "Ljava/lang/String;"},
-        {jni::Member::kField, "company", "Ljava/lang/String;"},
-        {jni::Member::kField, "honorificTitleType", "B"},
-    };
-    static jni::JavaClass holder("tarnwick/zel/address/attribute/FaxInfoImpl", members);
-    return holder;
-}
-
-}  // namespace
-
-cmt_fax_info::cmt_fax_info() : cmt_address_builder("cmt_fax_info", java_class()) {}
+cmt_fax_info::cmt_fax_info() : cmt_address_builder("cmt_fax_info", Part::kFax) {}
 
 void cmt_fax_info::set_field_fax_num(jobject obj, const char* value) { set_text(obj, 1, value); }
 

@@ -1,27 +1,8 @@
 #include "cmt_ifax_info.h"
 
-#include "tovr_jni_class.h"
-
 namespace tarnwick {
 
-namespace {
-
-jni::JavaClass& java_class() {
-    static const jni::Member members[] = {
-        {jni::Member::kConstructor, "<init>", "()V"},
-        {jni::Member::kField, "ifaxAddress", "Ljava/lang/String;"},
-        {jni::Member::kField, "modeType", "B"},
-        {jni::Member::kField, "sizeType", "B"},
-        {jni::Member::kField, "resolutionType", "B"},
-        {jni::Member::kField, "fileType", "B"},
-    };
-    static jni::JavaClass holder("tarnwick/zel/address/attribute/IfaxInfoImpl", members);
-    return holder;
-}
-
-}  // namespace
-
-cmt_ifax_info::cmt_ifax_info() : cmt_address_builder("cmt_ifax_info", java_class()) {}
+cmt_ifax_info::cmt_ifax_info() : cmt_address_builder("cmt_ifax_info", Part::kIfax) {}
 
 void cmt_ifax_info::set_field_ifax_address(jobject obj, const char* value) { set_text(obj, 1, value); }
 

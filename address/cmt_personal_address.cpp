@@ -1,29 +1,10 @@
 #include "cmt_personal_address.h"
 
 #include "tovr_jni.h"
-#include "tovr_jni_class.h"
 
 namespace tarnwick {
 
-namespace {
-
-jni::JavaClass& java_class() {
-    static const jni::Member members[] = {
-        {jni::Member::kConstructor, "<init>", "()V"},
-        {jni::Member::kField, "name", "Ltarnwick/zel/address/attribute/NameInfoImpl;"},
-        {jni::Member::kField, "email", "Ltarnwick/zel/address/attribute/EmailInfoImpl;"},
-        {jni::Member::kField, "ftp", "Ltarnwick/zel/address/attribute/FtpInfoImpl;"},
-        {jni::Member::kField, "smb", "Ltarnwick/zel/address/attribute/SmbInfoImpl;"},
-        {jni::Member::kField, "fax", "Ltarnwick/zel/address/attribute/FaxInfoImpl;"},
-        {jni::Member::kField, "ifax", "Ltarnwick/zel/address/attribute/IfaxInfoImpl;"},
-    };
-    static jni::JavaClass holder("tarnwick/zel/address/PersonalAddressImpl", members);
-    return holder;
-}
-
-}  // namespace
-
-cmt_personal_address::cmt_personal_address() : cmt_address_builder("cmt_personal_address", java_class()) {}
+cmt_personal_address::cmt_personal_address() : cmt_address_builder("cmt_personal_address", Part::kPersonal) {}
 
 void cmt_personal_address::set_field_name(jobject obj, jobject value) { set_object(obj, 1, value); }
 void cmt_personal_address::set_field_email(jobject obj, jobject value) { set_object(obj, 2, value); }

@@ -18,11 +18,8 @@ public:
     void set_field_password(jobject obj, const char* value);
 
 protected:
-    // `java_class` lists kMembers.
-    cmt_server_info(const char* module, jni::JavaClass& java_class) : cmt_address_builder(module, java_class) {}
-
-    // The constructor, then the fields in the order they are set.
-    static const jni::Member kMembers[6];
+    // `part` is kFtp or kSmb.
+    cmt_server_info(const char* module, Part part) : cmt_address_builder(module, part) {}
 };
 
 }  // namespace tarnwick

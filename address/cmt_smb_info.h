@@ -9,9 +9,6 @@ namespace tarnwick {
 class cmt_smb_info : public cmt_server_info {
 public:
     cmt_smb_info();
-
-private:
-    static jni::JavaClass& java_class();
 };
 
 }  // namespace tarnwick
