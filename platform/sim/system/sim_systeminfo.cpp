@@ -162,12 +162,7 @@ bool sysinfo_text(int key, std::string* out) {
 }
 
 void sysinfo_set_key_answer(int key, long code) {
-    std::lock_guard<std::mutex> lock(state().mutex);
-    if (code == 0) {
-        state().key_answers.erase(key);
-    } else {
-        state().key_answers[key] = code;
-    }
+    keep_or_forget(state().mutex, state().key_answers, key, code);
 }
 
 }  // namespace tovr_sim

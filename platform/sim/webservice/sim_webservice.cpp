@@ -38,12 +38,7 @@ std::string webservice_holder(int kind) {
 }
 
 void webservice_set_holder(int kind, const std::string& name) {
-    std::lock_guard<std::mutex> lock(services().mutex);
-    if (name.empty()) {
-        services().holders.erase(kind);
-    } else {
-        services().holders[kind] = name;
-    }
+    keep_or_forget(services().mutex, services().holders, kind, name);
 }
 
 }  // namespace tovr_sim
