@@ -37,14 +37,25 @@ ESV_ZEL_USERINFO_RECORD record_of(const LocalUser& u) {
     return r;
 }
 
-ESV_ZEL_USERINFO_RECORD record_of(const ESV_ZEL_HIDE_USERINFO_RECORD& h) {
-    ESV_ZEL_USERINFO_RECORD r;
-    std::memset(&r, 0, sizeof r);
+namespace {
+
+// The fields a user record shares with a hidden one, taken from the hidden one: texts within
+// their fields and terminated.
+template <typename Record>
+void put_shared(Record& r, const ESV_ZEL_HIDE_USERINFO_RECORD& h) {
     put(r.login_name, get(h.login_name));
     put(r.user_name, get(h.user_name));
     put(r.email, get(h.email));
     r.rights = h.rights;
     r.job_limit = h.job_limit;
+}
+
+}  // namespace
+
+ESV_ZEL_USERINFO_RECORD record_of(const ESV_ZEL_HIDE_USERINFO_RECORD& h) {
+    ESV_ZEL_USERINFO_RECORD r;
+    std::memset(&r, 0, sizeof r);
+    put_shared(r, h);
     return r;
 }
 
@@ -118,13 +129,9 @@ long get_rights(const std::string& user, const std::string& password, const std:
 ESV_ZEL_HIDE_USERINFO_RECORD stored(const ESV_ZEL_HIDE_USERINFO_RECORD& in) {
     ESV_ZEL_HIDE_USERINFO_RECORD r;
     std::memset(&r, 0, sizeof r);
-    put(r.login_name, get(in.login_name));
+    put_shared(r, in);
     put(r.login_passwd, get(in.login_passwd));
-    put(r.user_name, get(in.user_name));
-    put(r.email, get(in.email));
     put(r.dept_code, get(in.dept_code));
-    r.rights = in.rights;
-    r.job_limit = in.job_limit;
     return r;
 }
 
