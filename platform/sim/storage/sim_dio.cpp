@@ -81,11 +81,9 @@ int dvu_dio_remove_disk(int drive) {
 
 int dvu_dio_chdir(int drive, int access, const char* path) {
     TOVR_SIM_RECORD(int, drive, access, path);
-    PathCall c(drive, access, path);
+    EntryCall c(drive, access, path);
     if (c.rc != DVU_DIO_OK) return c.rc;
-    struct stat st;
-    if (!tovr_sim::dio::exists(c.w, &st)) return from_errno(errno);
-    if (!S_ISDIR(st.st_mode)) return DVU_DIO_ERR_NOT_DIR;
+    if (!S_ISDIR(c.st.st_mode)) return DVU_DIO_ERR_NOT_DIR;
     c.s.drives[drive].cwd = c.w.rel;
     return DVU_DIO_OK;
 }
@@ -150,11 +148,9 @@ int dvu_dio_move(int from_drive, int from_access, const char* from, int to_drive
 int dvu_dio_opendir(int drive, int access, const char* path, unsigned long* dir) {
     TOVR_SIM_RECORD(int, drive, access, path, dir);
     if (dir == nullptr) return DVU_DIO_ERR_PARAM;
-    PathCall c(drive, access, path);
+    EntryCall c(drive, access, path);
     if (c.rc != DVU_DIO_OK) return c.rc;
-    struct stat st;
-    if (!tovr_sim::dio::exists(c.w, &st)) return from_errno(errno);
-    if (!S_ISDIR(st.st_mode)) return DVU_DIO_ERR_NOT_DIR;
+    if (!S_ISDIR(c.st.st_mode)) return DVU_DIO_ERR_NOT_DIR;
     if (static_cast<int>(c.s.dirs.size()) >= c.s.max_dirs) return DVU_DIO_ERR_TOO_MANY_DIRS;
     DIR* d = ::opendir(c.w.host.c_str());
     if (d == nullptr) return from_errno(errno);

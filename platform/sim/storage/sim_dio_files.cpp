@@ -163,26 +163,24 @@ int dvu_dio_fclose(unsigned long file) {
 int dvu_dio_stat(int drive, int access, const char* path, DVU_DIO_STAT* status) {
     TOVR_SIM_RECORD(int, drive, access, path, status);
     if (status == nullptr) return DVU_DIO_ERR_PARAM;
-    PathCall c(drive, access, path);
+    EntryCall c(drive, access, path);
     if (c.rc != DVU_DIO_OK) return c.rc;
-    struct stat st;
-    if (!tovr_sim::dio::exists(c.w, &st)) return from_errno(errno);
-    if (S_ISREG(st.st_mode) && static_cast<std::uint64_t>(st.st_size) > tovr_sim::dio::kMaxSize) {
+    if (S_ISREG(c.st.st_mode) && static_cast<std::uint64_t>(c.st.st_size) > tovr_sim::dio::kMaxSize) {
         return DVU_DIO_ERR_TOO_LARGE;
     }
     std::memset(status, 0, sizeof *status);
-    std::uint32_t type = S_ISDIR(st.st_mode) ? DVU_DIO_S_IFDIR : S_ISREG(st.st_mode) ? DVU_DIO_S_IFREG : 0;
+    std::uint32_t type = S_ISDIR(c.st.st_mode) ? DVU_DIO_S_IFDIR : S_ISREG(c.st.st_mode) ? DVU_DIO_S_IFREG : 0;
     status->dio_dev = static_cast<std::uint32_t>(drive);
-    status->dio_ino = static_cast<std::uint32_t>(st.st_ino);
-    status->dio_nlink = static_cast<std::uint32_t>(st.st_nlink);
-    status->dio_mode = type | (st.st_mode & 0777);
+    status->dio_ino = static_cast<std::uint32_t>(c.st.st_ino);
+    status->dio_nlink = static_cast<std::uint32_t>(c.st.st_nlink);
+    status->dio_mode = type | (c.st.st_mode & 0777);
     status->dio_attr = static_cast<std::uint32_t>(tovr_sim::dio::stored_attrs(c.s, c.w)) |
-                      (S_ISDIR(st.st_mode) ? DVU_DIO_ATTR_DIRECTORY : 0);
-    status->dio_size = S_ISREG(st.st_mode) ? static_cast<std::uint32_t>(st.st_size) : 0;
+                      (S_ISDIR(c.st.st_mode) ? DVU_DIO_ATTR_DIRECTORY : 0);
+    status->dio_size = S_ISREG(c.st.st_mode) ? static_cast<std::uint32_t>(c.st.st_size) : 0;
     auto secs = [](time_t t) { return t < 0 ? 0u : static_cast<std::uint32_t>(t); };
-    status->dio_atime = secs(st.st_atime);
-    status->dio_mtime = secs(st.st_mtime);
-    status->dio_ctime = secs(st.st_ctime);
+    status->dio_atime = secs(c.st.st_atime);
+    status->dio_mtime = secs(c.st.st_mtime);
+    status->dio_ctime = secs(c.st.st_ctime);
     status->dio_blksize = 512;
     status->dio_blocks = static_cast<std::uint32_t>((status->dio_size + 511) / 512);
     return DVU_DIO_OK;
@@ -190,10 +188,8 @@ int dvu_dio_stat(int drive, int access, const char* path, DVU_DIO_STAT* status) 
 
 int dvu_dio_setfileattribute(int drive, int access, const char* path, int attributes) {
     TOVR_SIM_RECORD(int, drive, access, path, attributes);
-    PathCall c(drive, access, path);
+    EntryCall c(drive, access, path);
     if (c.rc != DVU_DIO_OK) return c.rc;
-    struct stat st;
-    if (!tovr_sim::dio::exists(c.w, &st)) return from_errno(errno);
     if (c.w.rel.empty()) return DVU_DIO_ERR_NOT_SUPPORTED;
     // The directory bit is the entry's kind; bits above read-only do not exist.
     c.s.attrs[tovr_sim::dio::attr_key(drive, c.w.rel)] =
@@ -204,11 +200,9 @@ int dvu_dio_setfileattribute(int drive, int access, const char* path, int attrib
 int dvu_dio_getfileattribute(int drive, int access, const char* path, int* attributes) {
     TOVR_SIM_RECORD(int, drive, access, path, attributes);
     if (attributes == nullptr) return DVU_DIO_ERR_PARAM;
-    PathCall c(drive, access, path);
+    EntryCall c(drive, access, path);
     if (c.rc != DVU_DIO_OK) return c.rc;
-    struct stat st;
-    if (!tovr_sim::dio::exists(c.w, &st)) return from_errno(errno);
-    *attributes = tovr_sim::dio::stored_attrs(c.s, c.w) | (S_ISDIR(st.st_mode) ? DVU_DIO_ATTR_DIRECTORY : 0);
+    *attributes = tovr_sim::dio::stored_attrs(c.s, c.w) | (S_ISDIR(c.st.st_mode) ? DVU_DIO_ATTR_DIRECTORY : 0);
     return DVU_DIO_OK;
 }
 

@@ -110,6 +110,15 @@ struct PathCall {
 inline std::string attr_key(int drive, const std::string& rel) { return std::to_string(drive) + ":" + rel; }
 inline bool exists(const Where& w, struct stat* st) { return ::stat(w.host.c_str(), st) == 0; }
 
+// One call of the library on an entry that must exist: a PathCall whose `rc` is also the
+// failure of the entry's stat (from errno); `st` is the entry's when `rc` is DVU_DIO_OK.
+struct EntryCall : PathCall {
+    EntryCall(int drive, int access, const char* path) : PathCall(drive, access, path) {
+        if (rc == DVU_DIO_OK && !exists(w, &st)) rc = from_errno(errno);
+    }
+    struct stat st {};
+};
+
 }  // namespace dio
 }  // namespace tovr_sim
 
