@@ -12,6 +12,7 @@
 #include "tovr_sim_device.h"
 #include "tovr_sim_job.h"
 #include "tovr_sim_events.h"
+#include "observer_stubs.h"
 
 using sim_test::args_of;
 using sim_test::Line;
@@ -240,27 +241,13 @@ TEST_F(SystemInfo, SaveModeProhibitionTracesAFailureAtLevelZero) {
 }
 
 // Records the sleep notifications the common facade delivers.
-class SleepRecorder : public tarnwick::esv_zel_common_observer {
+class SleepRecorder : public sim_test::CommonObserverStub {
 public:
     std::vector<int> states;
-    unsigned long notify_key_card_status(unsigned char) override { return 0; }
-    unsigned long notify_key_counter_status(unsigned int) override { return 0; }
-    unsigned long notify_resident_app_state_changed(ESV_ZEL_REQ_APP_STATE) override { return 0; }
-    unsigned long notify_waste_toner_bottle_status(unsigned char) override { return 0; }
-    unsigned long notify_cover_status(unsigned int) override { return 0; }
-    unsigned long notify_paper_rest_status(unsigned short, unsigned char) override { return 0; }
-    unsigned long notify_toner_status(unsigned char, unsigned char) override { return 0; }
-    unsigned long notify_coin_vender_status(unsigned int) override { return 0; }
-    unsigned long notify_usb_memory_status(unsigned int) override { return 0; }
     unsigned long notify_sleep(ESV_ZEL_EVENT_SLEEP_STATE state) override {
         states.push_back(state);
         return 0;
     }
-    unsigned long notify_pbp_connection_error(ESV_ZEL_EVENT_CONNECTION_ERROR) override { return 0; }
-    unsigned long notify_logout(unsigned long) override { return 0; }
-    unsigned long network_state_changed(ESV_ZEL_NETWORK_TYPE) override { return 0; }
-    unsigned long service_state_changed(ESV_ZEL_ACCEPTANCE_TYPE) override { return 0; }
-    unsigned long request_activate(ESV_ZEL_KIND_OF_SCENARIO, unsigned int) override { return 0; }
 };
 
 TEST_F(SystemInfo, EnergySavingRaisesTheSleepNotifications) {

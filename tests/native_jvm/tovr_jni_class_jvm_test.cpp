@@ -12,19 +12,13 @@
 #include "CJvm.h"
 #include "tovr_jni.h"
 #include "tovr_jni_text.h"
+#include "jvm_env.h"
 
 namespace jni = tarnwick::jni;
 
 namespace {
 
-JNIEnv* env_of_this_thread() {
-    JavaVM* vm = nullptr;
-    jsize count = 0;
-    if (JNI_GetCreatedJavaVMs(&vm, 1, &count) != JNI_OK || count != 1) return nullptr;
-    JNIEnv* env = nullptr;
-    if (vm->GetEnv(reinterpret_cast<void**>(&env), tarnwick::kJniVersion) != JNI_OK) return nullptr;
-    return env;
-}
+using jvm_test::env_of_this_thread;
 
 // The string's UTF-16 units.
 std::u16string units(JNIEnv* env, jstring s) {

@@ -6,18 +6,13 @@
 
 #include <thread>
 
+#include "jvm_env.h"
+
 namespace jni = tarnwick::jni;
 
 namespace {
 
-JNIEnv* env_of_this_thread() {
-    JavaVM* vm = nullptr;
-    jsize count = 0;
-    if (JNI_GetCreatedJavaVMs(&vm, 1, &count) != JNI_OK || count != 1) return nullptr;
-    JNIEnv* env = nullptr;
-    if (vm->GetEnv(reinterpret_cast<void**>(&env), tarnwick::kJniVersion) != JNI_OK) return nullptr;
-    return env;
-}
+using jvm_test::env_of_this_thread;
 
 }  // namespace
 

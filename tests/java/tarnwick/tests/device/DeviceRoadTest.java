@@ -45,8 +45,8 @@ class DeviceRoadTest {
 
     @BeforeEach
     void start() {
-        CommonProxy.addListener(common);
-        AccProxy.addListener(acc);
+        CommonProxy.listeners.add(common);
+        AccProxy.listeners.add(acc);
         manager = ZELFNDEventJNI.new_zel_fnd_event_manager();
         ZELFNDEventJNI.zel_fnd_event_manager_init(manager, null);
         info = CMT_SystemInformationJNI.new_CMT_System_Info();
@@ -56,8 +56,8 @@ class DeviceRoadTest {
     void stop() {
         CMT_SystemInformationJNI.delete_CMT_System_Info(info);
         ZELFNDEventJNI.delete_zel_fnd_event_manager(manager);
-        CommonProxy.removeListener(common);
-        AccProxy.removeListener(acc);
+        CommonProxy.listeners.remove(common);
+        AccProxy.listeners.remove(acc);
     }
 
     @Test

@@ -4,29 +4,17 @@ import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertThrows;
 import static tarnwick.zel.wrapper.webservice.zel_fnd_webservice_moduleJNI.*;
 
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
-import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimWebService;
+import tarnwick.tests.support.HandleFixture;
 import tarnwick.tests.support.SimDeviceExtension;
+import tarnwick.zel.wrapper.webservice.zel_fnd_webservice_moduleJNI;
 
 /** Hostile calls of the web service module: null names, huge and odd names, extreme kinds. */
-class zel_fnd_webservice_moduleHostileTest {
-    @RegisterExtension
-    static final SimDeviceExtension device = new SimDeviceExtension(false);
-
-    private long h;
-
-    @BeforeEach
-    void setUp() {
-        h = new_zel_fnd_webservice_proxy();
-    }
-
-    @AfterEach
-    void tearDown() {
-        delete_zel_fnd_webservice_proxy(h);
+class zel_fnd_webservice_moduleHostileTest extends HandleFixture {
+    zel_fnd_webservice_moduleHostileTest() {
+        super(zel_fnd_webservice_moduleJNI::new_zel_fnd_webservice_proxy, zel_fnd_webservice_moduleJNI::delete_zel_fnd_webservice_proxy);
     }
 
     @Test

@@ -3,11 +3,10 @@ package tarnwick.tests.event;
 import static org.junit.jupiter.api.Assertions.assertArrayEquals;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertTrue;
+import static tarnwick.tests.event.EventFixture.OK;
 
 import java.io.ByteArrayOutputStream;
 import java.util.List;
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
 import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimAcc;
@@ -22,19 +21,10 @@ class AccObserverTest {
 
     private static final String M = "zel_fnd_acc_observer";
     private static final int PARTITION_SIZE = 16256;
-    private static final long[] OK = {0L};
     private static final long[] FAILED = {0x04010A05L};
-    private EventFixture f;
 
-    @BeforeEach
-    void start() {
-        f = new EventFixture();
-    }
-
-    @AfterEach
-    void stop() {
-        f.close();
-    }
+    @RegisterExtension
+    final EventFixture f = new EventFixture();
 
     /** Card data as the device writes it. */
     private static final class Card {

@@ -2,10 +2,9 @@ package tarnwick.tests.event;
 
 import static org.junit.jupiter.api.Assertions.assertArrayEquals;
 import static org.junit.jupiter.api.Assertions.assertEquals;
+import static tarnwick.tests.event.EventFixture.OK;
 
 import java.util.List;
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
 import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimCommon;
@@ -17,18 +16,9 @@ class CommonObserverTest {
     static final SimDeviceExtension device = new SimDeviceExtension(false);
 
     private static final String M = "zel_fnd_common_observer";
-    private static final long[] OK = {0L};
-    private EventFixture f;
 
-    @BeforeEach
-    void start() {
-        f = new EventFixture();
-    }
-
-    @AfterEach
-    void stop() {
-        f.close();
-    }
+    @RegisterExtension
+    final EventFixture f = new EventFixture();
 
     @Test
     void tonerLevelsArePassedInReverseOrder() {

@@ -5,6 +5,7 @@ import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
+import static tarnwick.tests.event.EventFixture.OK;
 
 import java.util.List;
 import java.util.concurrent.CountDownLatch;
@@ -30,7 +31,6 @@ class StopFromListenerTest {
     @RegisterExtension
     static final SimDeviceExtension device = new SimDeviceExtension();
 
-    private static final long[] OK = {0L};
     private static final long[] NO_OBSERVER = {};
 
     @AfterEach

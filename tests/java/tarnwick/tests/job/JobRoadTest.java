@@ -80,8 +80,8 @@ class JobRoadTest {
 
     @BeforeEach
     void start() {
-        JobProxy.addListener(jobListener);
-        JobInfoProxy.addListener(infoListener);
+        JobProxy.listeners.add(jobListener);
+        JobInfoProxy.listeners.add(infoListener);
         manager = ZELFNDEventJNI.new_zel_fnd_event_manager();
         assertTrue(ZELFNDEventJNI.zel_fnd_event_manager_init(manager, null));
         proxy = zel_fnd_job_moduleJNI.new_zel_fnd_job_proxy();
@@ -91,8 +91,8 @@ class JobRoadTest {
     void stop() {
         zel_fnd_job_moduleJNI.delete_zel_fnd_job_proxy(proxy);
         ZELFNDEventJNI.delete_zel_fnd_event_manager(manager);
-        JobProxy.removeListener(jobListener);
-        JobInfoProxy.removeListener(infoListener);
+        JobProxy.listeners.remove(jobListener);
+        JobInfoProxy.listeners.remove(infoListener);
     }
 
     /** generate, set, add an e-mail address, commit, create: the job's id. */

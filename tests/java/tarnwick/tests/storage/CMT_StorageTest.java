@@ -445,7 +445,7 @@ class CMT_StorageTest {
             }
         };
         cmt_commonJNI.cmt_init_init();
-        CommonProxy.addListener(l);
+        CommonProxy.listeners.add(l);
         long manager = ZELFNDEventJNI.new_zel_fnd_event_manager();
         try {
             ZELFNDEventJNI.zel_fnd_event_manager_init(manager, null);
@@ -473,7 +473,7 @@ class CMT_StorageTest {
             assertEquals(List.of(0x001, 0x000, 0x101, 0x100), events);
         } finally {
             ZELFNDEventJNI.delete_zel_fnd_event_manager(manager);
-            CommonProxy.removeListener(l);
+            CommonProxy.listeners.remove(l);
         }
     }
 

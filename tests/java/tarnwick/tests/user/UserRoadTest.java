@@ -47,7 +47,7 @@ class UserRoadTest {
 
     @BeforeEach
     void start() {
-        AccProxy.addListener(listener);
+        AccProxy.listeners.add(listener);
         manager = ZELFNDEventJNI.new_zel_fnd_event_manager();
         assertTrue(ZELFNDEventJNI.zel_fnd_event_manager_init(manager, null));
         auth = ZELFNDUserJNI.new_zel_fnd_authentication();
@@ -57,7 +57,7 @@ class UserRoadTest {
     void stop() {
         ZELFNDUserJNI.delete_zel_fnd_authentication(auth);
         ZELFNDEventJNI.delete_zel_fnd_event_manager(manager);
-        AccProxy.removeListener(listener);
+        AccProxy.listeners.remove(listener);
     }
 
     @Test

@@ -20,31 +20,20 @@ public final class AccProxy {
         default void icCardDevice(int vendorId, int productId, boolean connected, byte cardTypes) {}
     }
 
-    private static final Listeners<Listener> LISTENERS = new Listeners<>();
+    /** The listeners of these events: {@code add}, {@code remove}, {@code clear}. */
+    public static final Listeners<Listener> listeners = new Listeners<>();
 
     private AccProxy() {}
 
-    public static void addListener(Listener listener) {
-        LISTENERS.add(listener);
-    }
-
-    public static boolean removeListener(Listener listener) {
-        return LISTENERS.remove(listener);
-    }
-
-    public static void removeAllListeners() {
-        LISTENERS.clear();
-    }
-
     public static void fireICCardEvent(ICCardInfo info) {
-        LISTENERS.each(l -> l.icCard(info));
+        listeners.each(l -> l.icCard(info));
     }
 
     public static void fireICCardErrorEvent(int code) {
-        LISTENERS.each(l -> l.icCardError(code));
+        listeners.each(l -> l.icCardError(code));
     }
 
     public static void fireICCardDeviceEvent(int vendorId, int productId, boolean connected, byte cardTypes) {
-        LISTENERS.each(l -> l.icCardDevice(vendorId, productId, connected, cardTypes));
+        listeners.each(l -> l.icCardDevice(vendorId, productId, connected, cardTypes));
     }
 }

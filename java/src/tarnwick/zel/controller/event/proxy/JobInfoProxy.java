@@ -23,31 +23,20 @@ public final class JobInfoProxy {
         default void interpreter(InterpreterInfo info) {}
     }
 
-    private static final Listeners<Listener> LISTENERS = new Listeners<>();
+    /** The listeners of these events: {@code add}, {@code remove}, {@code clear}. */
+    public static final Listeners<Listener> listeners = new Listeners<>();
 
     private JobInfoProxy() {}
 
-    public static void addListener(Listener listener) {
-        LISTENERS.add(listener);
-    }
-
-    public static boolean removeListener(Listener listener) {
-        return LISTENERS.remove(listener);
-    }
-
-    public static void removeAllListeners() {
-        LISTENERS.clear();
-    }
-
     public static void firePageEvent(Object info) {
-        LISTENERS.each(l -> l.page(info));
+        listeners.each(l -> l.page(info));
     }
 
     public static void fireJobLogEvent(JobLogInfo info) {
-        LISTENERS.each(l -> l.jobLog(info));
+        listeners.each(l -> l.jobLog(info));
     }
 
     public static void fireInterpreterEvent(InterpreterInfo info) {
-        LISTENERS.each(l -> l.interpreter(info));
+        listeners.each(l -> l.interpreter(info));
     }
 }

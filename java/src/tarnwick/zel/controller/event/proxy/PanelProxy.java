@@ -17,27 +17,16 @@ public final class PanelProxy {
         default void autoReset() {}
     }
 
-    private static final Listeners<Listener> LISTENERS = new Listeners<>();
+    /** The listeners of these events: {@code add}, {@code remove}, {@code clear}. */
+    public static final Listeners<Listener> listeners = new Listeners<>();
 
     private PanelProxy() {}
 
-    public static void addListener(Listener listener) {
-        LISTENERS.add(listener);
-    }
-
-    public static boolean removeListener(Listener listener) {
-        return LISTENERS.remove(listener);
-    }
-
-    public static void removeAllListeners() {
-        LISTENERS.clear();
-    }
-
     public static void fireApplStartEvent(long id) {
-        LISTENERS.each(l -> l.applStart(id));
+        listeners.each(l -> l.applStart(id));
     }
 
     public static void fireAutoResetEvent() {
-        LISTENERS.each(Listener::autoReset);
+        listeners.each(Listener::autoReset);
     }
 }

@@ -1,0 +1,28 @@
+package tarnwick.tests.user;
+
+import org.junit.jupiter.api.AfterEach;
+import org.junit.jupiter.api.BeforeEach;
+import org.junit.jupiter.api.extension.RegisterExtension;
+import tarnwick.tests.support.SimDeviceExtension;
+import tarnwick.zel.wrapper.account.CMT_Account_ModuleJNI;
+
+/** The set-up of the account module's tests: a started library, a fresh device, a new manager and configuration per case. */
+abstract class AccountFixture {
+    @RegisterExtension
+    static final SimDeviceExtension device = new SimDeviceExtension();
+
+    long manager;
+    long config;
+
+    @BeforeEach
+    void start() {
+        manager = CMT_Account_ModuleJNI.new_cmt_account_manager();
+        config = CMT_Account_ModuleJNI.new_cmt_account_config();
+    }
+
+    @AfterEach
+    void stop() {
+        CMT_Account_ModuleJNI.delete_cmt_account_config(config);
+        CMT_Account_ModuleJNI.delete_cmt_account_manager(manager);
+    }
+}
