@@ -23,8 +23,26 @@ public final class JobInfoProxy {
         default void interpreter(InterpreterInfo info) {}
     }
 
-    /** The listeners of these events: {@code add}, {@code remove}, {@code clear}. */
+    /**
+     * The listeners of these events; {@link #addListener}, {@link #removeListener} and {@link
+     * #removeAllListeners} act on it.
+     */
     public static final Listeners<Listener> listeners = new Listeners<>();
+
+    /** Adds a listener; one added twice is called twice. */
+    public static void addListener(Listener listener) {
+        listeners.add(listener);
+    }
+
+    /** Removes a listener; whether it was registered. */
+    public static boolean removeListener(Listener listener) {
+        return listeners.remove(listener);
+    }
+
+    /** Removes every listener. */
+    public static void removeAllListeners() {
+        listeners.clear();
+    }
 
     private JobInfoProxy() {}
 
