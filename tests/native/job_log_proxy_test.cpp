@@ -21,12 +21,7 @@ protected:
 };
 
 TEST_F(JobLogProxy, ConvertRetcodeFullTable) {
-    struct Row {
-        long code;
-        int result;
-        const char* message;
-    };
-    const Row rows[] = {
+    sim_test::expect_conversions("zel_fnd_job_log_proxy", {
         {0x00000000, 0, "rc = ESV_ZEL_JOBINFO_OK."},
         {0x04010001, 1, "rc = ESV_ZEL_JOBINFO_ERROR."},
         {0x04010002, 2, "rc = ESV_ZEL_JOBINFO_DUPL_OBSERVER."},
@@ -41,12 +36,7 @@ TEST_F(JobLogProxy, ConvertRetcodeFullTable) {
         {0x0401000D, 1, "rc = ESV_ZEL_JOBINFO_ERROR."},
         {1, 1, "rc = ESV_ZEL_JOBINFO_ERROR."},
         {-1, 1, "rc = ESV_ZEL_JOBINFO_ERROR."},
-    };
-    for (const Row& r : rows) {
-        tovr_sim::clear_trace();
-        EXPECT_EQ(r.result, proxy.convert_retcode(r.code)) << std::hex << r.code;
-        EXPECT_EQ((std::vector<Line>{{3, std::string("convert_retcode,") + r.message}}), log_lines());
-    }
+    }, [&](long code) { return proxy.convert_retcode(code); });
 }
 
 TEST_F(JobLogProxy, EachOperationMakesItsOneCallWithItsTraces) {

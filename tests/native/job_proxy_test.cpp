@@ -29,15 +29,8 @@ protected:
     zel_fnd_job_proxy proxy;
 };
 
-struct Row {
-    long code;
-    int result;
-    const char* message;
-    int level;
-};
-
 TEST_F(JobProxy, ConvertRetcodeFullTable) {
-    const Row rows[] = {
+    sim_test::expect_conversions("zel_fnd_job_proxy", {
         {0x00000000, 0, "code = ESV_ZEL_JOB_OK", 3},
         {0x04010002, 2, "code = ESV_ZEL_JOB_DUPL_OBSERVER", 3},
         {0x04010003, 3, "code = ESV_ZEL_JOB_NO_OBSERVER", 3},
@@ -56,12 +49,7 @@ TEST_F(JobProxy, ConvertRetcodeFullTable) {
         {0x00000001, 1, "code = unknown(0x00000001)", 0},
         {-1, 1, "code = unknown(0xffffffff)", 0},
         {-2147483647L - 1, 1, "code = unknown(0x80000000)", 0},
-    };
-    for (const Row& r : rows) {
-        tovr_sim::clear_trace();
-        EXPECT_EQ(r.result, proxy.convert_retcode(r.code)) << std::hex << r.code;
-        EXPECT_EQ((std::vector<Line>{{r.level, std::string("convert_retcode,") + r.message}}), proxy_lines());
-    }
+    }, [&](long code) { return proxy.convert_retcode(code); });
 }
 
 TEST_F(JobProxy, CharArraySizes) {

@@ -138,19 +138,9 @@ void JNICALL set_object_field(JNIEnv*, jobject o, jfieldID id, jobject v) {
     vm().check();
     O(o)->refs[member_name(id)] = O(v);
 }
-void JNICALL set_byte_field(JNIEnv*, jobject o, jfieldID id, jbyte v) {
-    vm().check();
-    O(o)->ints[member_name(id)] = v;
-}
-void JNICALL set_int_field(JNIEnv*, jobject o, jfieldID id, jint v) {
-    vm().check();
-    O(o)->ints[member_name(id)] = v;
-}
-void JNICALL set_long_field(JNIEnv*, jobject o, jfieldID id, jlong v) {
-    vm().check();
-    O(o)->ints[member_name(id)] = v;
-}
-void JNICALL set_boolean_field(JNIEnv*, jobject o, jfieldID id, jboolean v) {
+// Every whole-number field (byte, int, long, boolean) is kept as a number.
+template <class T>
+void JNICALL set_number_field(JNIEnv*, jobject o, jfieldID id, T v) {
     vm().check();
     O(o)->ints[member_name(id)] = v;
 }
@@ -272,10 +262,10 @@ Vm::Vm(std::set<std::string> classes) : classes_(std::move(classes)), previous_(
     functions_.NewObjectV = new_object_v;
     functions_.NewStringUTF = new_string_utf;
     functions_.SetObjectField = set_object_field;
-    functions_.SetByteField = set_byte_field;
-    functions_.SetIntField = set_int_field;
-    functions_.SetLongField = set_long_field;
-    functions_.SetBooleanField = set_boolean_field;
+    functions_.SetByteField = set_number_field<jbyte>;
+    functions_.SetIntField = set_number_field<jint>;
+    functions_.SetLongField = set_number_field<jlong>;
+    functions_.SetBooleanField = set_number_field<jboolean>;
     functions_.NewObjectArray = new_object_array;
     functions_.SetObjectArrayElement = set_object_array_element;
     functions_.PushLocalFrame = push_local_frame;

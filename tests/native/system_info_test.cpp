@@ -32,11 +32,7 @@ protected:
 };
 
 TEST_F(SystemInfo, ConvertRetcodeEveryRow) {
-    struct Row {
-        long rc;
-        int code;
-        const char* message;
-    } rows[] = {
+    sim_test::expect_conversions("cmt_system_info", {
         {0, 0, "ESV_ZEL_SYSINFO_OK"},
         {0x04010501, 1, "ESV_ZEL_SYSINFO_ERROR_COMPETENCE"},
         {0x04010502, 2, "ESV_ZEL_SYSINFO_ERROR"},
@@ -45,12 +41,7 @@ TEST_F(SystemInfo, ConvertRetcodeEveryRow) {
         {0x04010500, 2, "default ZEL_FND_SYSINFO_ERROR"},
         {1, 2, "default ZEL_FND_SYSINFO_ERROR"},
         {-1, 2, "default ZEL_FND_SYSINFO_ERROR"},
-    };
-    for (const Row& r : rows) {
-        tovr_sim::clear_trace();
-        EXPECT_EQ(r.code, info.convert_retcode(r.rc)) << r.rc;
-        EXPECT_EQ(std::vector<Line>{conv(r.message)}, lines()) << r.rc;
-    }
+    }, [&](long code) { return info.convert_retcode(code); });
 }
 
 TEST_F(SystemInfo, FreshObjectReportsFalseAndTwo) {

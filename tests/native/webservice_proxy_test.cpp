@@ -24,11 +24,7 @@ protected:
 };
 
 TEST_F(WebService, ConvertRetcodeEveryRow) {
-    struct Row {
-        long code;
-        int result;
-        const char* message;
-    } rows[] = {
+    sim_test::expect_conversions("zel_fnd_webservice_proxy", {
         {0, 0, "result = ESV_ZEL_WEBSERVICE_OK"},
         {0x04010601, 1, "result = ESV_ZEL_WEBSERVICE_ERROR_PARAMETER"},
         {0x04010602, 2, "result = ESV_ZEL_WEBSERVICE_ERROR_INVALID_SERVICE"},
@@ -39,12 +35,7 @@ TEST_F(WebService, ConvertRetcodeEveryRow) {
         {0x04010607, 5, "result = ZEL_FND_WEBSERVICE_ERROR_FAILED"},
         {0x04010600, 5, "result = ZEL_FND_WEBSERVICE_ERROR_FAILED"},
         {-1, 5, "result = ZEL_FND_WEBSERVICE_ERROR_FAILED"},
-    };
-    for (const Row& r : rows) {
-        tovr_sim::clear_trace();
-        EXPECT_EQ(r.result, proxy.convert_retcode(r.code)) << r.code;
-        EXPECT_EQ((std::vector<Line>{Line{3, std::string("convert_retcode,") + r.message}}), lines());
-    }
+    }, [&](long code) { return proxy.convert_retcode(code); });
 }
 
 TEST_F(WebService, ReserveTwiceThenAnotherHostThenRelease) {
