@@ -293,23 +293,28 @@ class DocumentBoxTest {
         assertEquals("null std::string", e.getMessage());
     }
 
-    @Test
-    void dateOfZeroIsTheLocalEpochWithTheMillisecondsOfNow() {
+    /** The date a file information built from Java gets from the device time {@code seconds}. */
+    private static Date dateOf(int seconds) {
         long info = new_zel_fnd_removable_memory_file_info();
         try {
             Object o = zel_fnd_removable_memory_file_info_create_removable_memory_file_info(info, null);
-            long before = System.currentTimeMillis() % 1000;
-            zel_fnd_removable_memory_file_info_set_field_date(info, null, o, 0);
-            long after = System.currentTimeMillis() % 1000;
-            Date d = ((RemovableMemoryFileInfoImpl) o).getDate();
-            assertNotNull(d);
-            long ms = d.getTime() % 1000;
-            assertEquals(0, d.getTime() / 1000, "the epoch second in UTC");
-            assertTrue(after >= before ? (ms >= before && ms <= after) : (ms >= before || ms <= after),
-                       "milliseconds of the moment: " + ms + " in [" + before + ", " + after + "]");
+            zel_fnd_removable_memory_file_info_set_field_date(info, null, o, seconds);
+            return ((RemovableMemoryFileInfoImpl) o).getDate();
         } finally {
             delete_zel_fnd_removable_memory_file_info(info);
         }
+    }
+
+    @Test
+    void dateOfZeroIsTheLocalEpochWithTheMillisecondsOfNow() {
+        long before = System.currentTimeMillis() % 1000;
+        Date d = dateOf(0);
+        long after = System.currentTimeMillis() % 1000;
+        assertNotNull(d);
+        long ms = d.getTime() % 1000;
+        assertEquals(0, d.getTime() / 1000, "the epoch second in UTC");
+        assertTrue(after >= before ? (ms >= before && ms <= after) : (ms >= before || ms <= after),
+                   "milliseconds of the moment: " + ms + " in [" + before + ", " + after + "]");
     }
 
     @Test
@@ -317,15 +322,8 @@ class DocumentBoxTest {
         // The device clock is UTC (TZ of the process); a JVM in another zone reads the same wall
         // time in its own zone: 1970-01-01 00:00:00 Tokyo.
         TimeZone.setDefault(TimeZone.getTimeZone("Asia/Tokyo"));
-        long info = new_zel_fnd_removable_memory_file_info();
-        try {
-            Object o = zel_fnd_removable_memory_file_info_create_removable_memory_file_info(info, null);
-            zel_fnd_removable_memory_file_info_set_field_date(info, null, o, 0);
-            long s = Math.floorDiv(((RemovableMemoryFileInfoImpl) o).getDate().getTime(), 1000L);
-            assertEquals(-9 * 3600, s);
-        } finally {
-            delete_zel_fnd_removable_memory_file_info(info);
-        }
+        long s = Math.floorDiv(dateOf(0).getTime(), 1000L);
+        assertEquals(-9 * 3600, s);
     }
 
     @Test
@@ -333,19 +331,12 @@ class DocumentBoxTest {
         // A device user whose locale has the Buddhist calendar: the year 1970 of the clock is taken
         // as Buddhist year 1970, i.e. 1427 of the Gregorian calendar.
         Locale.setDefault(Locale.forLanguageTag("th-TH-u-ca-buddhist"));
-        long info = new_zel_fnd_removable_memory_file_info();
-        try {
-            Object o = zel_fnd_removable_memory_file_info_create_removable_memory_file_info(info, null);
-            zel_fnd_removable_memory_file_info_set_field_date(info, null, o, 86400 * 31);
-            Date d = ((RemovableMemoryFileInfoImpl) o).getDate();
-            Calendar g = new GregorianCalendar(TimeZone.getTimeZone("UTC"), Locale.US);
-            g.setTime(d);
-            assertEquals(1970 - 543, g.get(Calendar.YEAR));
-            assertEquals(Calendar.FEBRUARY, g.get(Calendar.MONTH));
-            assertEquals(1, g.get(Calendar.DAY_OF_MONTH));
-        } finally {
-            delete_zel_fnd_removable_memory_file_info(info);
-        }
+        Date d = dateOf(86400 * 31);
+        Calendar g = new GregorianCalendar(TimeZone.getTimeZone("UTC"), Locale.US);
+        g.setTime(d);
+        assertEquals(1970 - 543, g.get(Calendar.YEAR));
+        assertEquals(Calendar.FEBRUARY, g.get(Calendar.MONTH));
+        assertEquals(1, g.get(Calendar.DAY_OF_MONTH));
     }
 
     @Test

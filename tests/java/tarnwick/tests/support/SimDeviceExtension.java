@@ -1,10 +1,15 @@
 package tarnwick.tests.support;
 
+import java.util.ArrayDeque;
 import java.util.ArrayList;
 import java.util.Arrays;
+import java.util.Deque;
 import java.util.List;
+import java.util.function.LongConsumer;
+import java.util.function.LongSupplier;
 import java.util.regex.Matcher;
 import java.util.regex.Pattern;
+import org.junit.jupiter.api.extension.AfterEachCallback;
 import org.junit.jupiter.api.extension.BeforeAllCallback;
 import org.junit.jupiter.api.extension.BeforeEachCallback;
 import org.junit.jupiter.api.extension.ExtensionContext;
@@ -23,11 +28,12 @@ import tarnwick.zel.wrapper.system.cmt_commonJNI;
  * assertEquals(List.of("3 login,[Start], cert_id=[0]"), SimDeviceExtension.trace("zel_fnd_authentication"));
  * </pre>
  */
-public final class SimDeviceExtension implements BeforeAllCallback, BeforeEachCallback {
+public final class SimDeviceExtension implements BeforeAllCallback, BeforeEachCallback, AfterEachCallback {
     private static final Pattern LINE = Pattern.compile("^(\\d+) (\\w+)\\[\\d{4,}\\]::(.*)$");
     private static boolean loaded;
 
     private final boolean init;
+    private final Deque<Runnable> deletes = new ArrayDeque<>();
 
     /** A started library and a fresh device before each test. */
     public SimDeviceExtension() {
@@ -67,6 +73,21 @@ public final class SimDeviceExtension implements BeforeAllCallback, BeforeEachCa
     @Override
     public void beforeEach(ExtensionContext context) {
         reset();
+    }
+
+    /**
+     * A native object for the running case: made now with {@code make}, handed to {@code delete}
+     * after the case (after its own {@code @AfterEach} methods), the last made first.
+     */
+    public long make(LongSupplier make, LongConsumer delete) {
+        long handle = make.getAsLong();
+        deletes.push(() -> delete.accept(handle));
+        return handle;
+    }
+
+    @Override
+    public void afterEach(ExtensionContext context) {
+        while (!deletes.isEmpty()) deletes.pop().run();
     }
 
     /** The trace lines of one source module as "level operation,message" (module and source line left out). */
