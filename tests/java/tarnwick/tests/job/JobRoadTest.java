@@ -198,10 +198,7 @@ class JobRoadTest {
         assertEquals(0, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_start(proxy, null, uid));
         assertTrue(SimJobs.waitJobHeld(uid, 10000));
         assertEquals(0, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_cancel(proxy, null, uid));
-        assertTrue(SimJobs.waitJobDone(uid, 10000));
-        assertEquals(List.of("job 101 START alice", "scanPage 101 1 300", "scanCount 1/1", "job 101 SCAN_COMPLETE alice",
-                             "jobLog 101", "job 101 CANCEL alice"), new ArrayList<>(events));
-        assertEquals(0L, readLog(receipts.get(0), 1));
+        assertOnePageJobEnded(uid, "CANCEL", 0L, 1);
     }
 
     @Test
@@ -209,10 +206,16 @@ class JobRoadTest {
         long uid = createSendJob(1);
         SimJobs.injectFault(1, 0x55);
         assertEquals(0, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_start(proxy, null, uid));
+        assertOnePageJobEnded(uid, "ERROR", 0x55L, 2);
+    }
+
+    // The one-page send job uid ended in `state`, after the events of its scan; its log holds
+    // the result `result` and the error code `error`.
+    private void assertOnePageJobEnded(long uid, String state, long error, int result) {
         assertTrue(SimJobs.waitJobDone(uid, 10000));
         assertEquals(List.of("job 101 START alice", "scanPage 101 1 300", "scanCount 1/1", "job 101 SCAN_COMPLETE alice",
-                             "jobLog 101", "job 101 ERROR alice"), new ArrayList<>(events));
-        assertEquals(0x55L, readLog(receipts.get(0), 2));
+                             "jobLog 101", "job 101 " + state + " alice"), new ArrayList<>(events));
+        assertEquals(error, readLog(receipts.get(0), result));
     }
 
     @Test
