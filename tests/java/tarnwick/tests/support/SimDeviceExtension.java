@@ -14,6 +14,8 @@ import org.junit.jupiter.api.extension.BeforeAllCallback;
 import org.junit.jupiter.api.extension.BeforeEachCallback;
 import org.junit.jupiter.api.extension.ExtensionContext;
 import tarnwick.sim.SimDevice;
+import tarnwick.zel.controller.event.proxy.Listeners;
+import tarnwick.zel.wrapper.event.ZELFNDEventJNI;
 import tarnwick.zel.wrapper.system.cmt_commonJNI;
 
 /**
@@ -83,6 +85,24 @@ public final class SimDeviceExtension implements BeforeAllCallback, BeforeEachCa
         long handle = make.getAsLong();
         deletes.push(() -> delete.accept(handle));
         return handle;
+    }
+
+    /** {@code listener} among a proxy's {@code listeners} for the running case, removed after it. */
+    public <L> void listen(Listeners<L> listeners, L listener) {
+        listeners.add(listener);
+        deletes.push(() -> listeners.remove(listener));
+    }
+
+    /**
+     * An event manager started for the running case (its observers registered with the device),
+     * deleted after the case.
+     *
+     * @throws AssertionError when the manager does not start
+     */
+    public long startEventManager() {
+        long manager = make(ZELFNDEventJNI::new_zel_fnd_event_manager, ZELFNDEventJNI::delete_zel_fnd_event_manager);
+        if (!ZELFNDEventJNI.zel_fnd_event_manager_init(manager, null)) throw new AssertionError("the event manager did not start");
+        return manager;
     }
 
     @Override
