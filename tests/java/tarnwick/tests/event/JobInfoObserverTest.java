@@ -89,8 +89,7 @@ class JobInfoObserverTest {
     void attachFailureAnswers0x04010001() {
         SimDevice.failAttach(1);
         assertArrayEquals(FAILED, SimJobs.faxSendPage(1, 1));
-        assertEquals(List.of(), f.events);
-        assertEquals(List.of(), SimDeviceExtension.trace(M));
+        f.assertSeen(List.of(), M, List.of());
     }
 
     @Test
