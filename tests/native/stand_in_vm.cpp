@@ -144,6 +144,19 @@ void JNICALL set_number_field(JNIEnv*, jobject o, jfieldID id, T v) {
     vm().check();
     O(o)->ints[member_name(id)] = v;
 }
+jsize JNICALL get_array_length(JNIEnv*, jarray a) {
+    vm().check();
+    const Obj* o = O(a);
+    return static_cast<jsize>(o->cls == "[J" ? o->longs.size() : o->elements.size());
+}
+void JNICALL set_long_array_region(JNIEnv*, jlongArray a, jsize start, jsize len, const jlong* buf) {
+    vm().check();
+    for (jsize i = 0; i < len; ++i) O(a)->longs.at(static_cast<std::size_t>(start + i)) = buf[i];
+}
+void JNICALL get_long_array_region(JNIEnv*, jlongArray a, jsize start, jsize len, jlong* buf) {
+    vm().check();
+    for (jsize i = 0; i < len; ++i) buf[i] = O(a)->longs.at(static_cast<std::size_t>(start + i));
+}
 jobjectArray JNICALL new_object_array(JNIEnv*, jsize n, jclass c, jobject) {
     vm().check();
     if (n > vm().array_limit) {
@@ -267,6 +280,9 @@ Vm::Vm(std::set<std::string> classes) : classes_(std::move(classes)), previous_(
     functions_.SetLongField = set_number_field<jlong>;
     functions_.SetBooleanField = set_number_field<jboolean>;
     functions_.NewObjectArray = new_object_array;
+    functions_.GetArrayLength = get_array_length;
+    functions_.SetLongArrayRegion = set_long_array_region;
+    functions_.GetLongArrayRegion = get_long_array_region;
     functions_.SetObjectArrayElement = set_object_array_element;
     functions_.PushLocalFrame = push_local_frame;
     functions_.PopLocalFrame = pop_local_frame;
@@ -299,6 +315,12 @@ Obj* Vm::make(Obj::Kind kind, const std::string& cls) {
     heap_.back()->kind = kind;
     heap_.back()->cls = cls;
     return heap_.back().get();
+}
+
+jlongArray Vm::long_array(std::vector<jlong> values) {
+    Obj* a = make(Obj::kArray, "[J");
+    a->longs = std::move(values);
+    return reinterpret_cast<jlongArray>(a);
 }
 
 jstring Vm::string(const std::string& text) {

@@ -182,23 +182,27 @@ class DocumentBoxTest {
                              line(0, "zel_fnd_get_easy_box_list", "result(67174923)")), traces());
     }
 
+    // A listing of `path` that fails after the prepare: nothing listed, the listing finished once,
+    // `error` traced.
+    private void assertFailedListing(String path, String error) {
+        assertEquals(0, list(path, 1).size());
+        assertEquals(1, SimDevice.callCount("esv_zel_get_easy_box_info_finish"));
+        assertTrue(traces().contains(line(0, "zel_fnd_get_easy_box_list", error)));
+    }
+
     @Test
     void failedFetchFreesAndFinishes() {
         for (String n : new String[] {"1", "2", "3"}) SimBox.addDocument("/k", n, 1, 0, 0);
         SimDevice.forceResult("esv_zel_get_easy_box_info", 0x0401020AL, 1);
-        assertEquals(0, list("/k", 1).size());
-        assertEquals(1, SimDevice.callCount("esv_zel_get_easy_box_info_finish"));
-        assertTrue(traces().contains(line(0, "zel_fnd_get_easy_box_list", "result(67174922)")));
+        assertFailedListing("/k", "result(67174922)");
     }
 
     @Test
     void bufferAllocationFailure() {
         SimBox.addDocument("/m", "1", 1, 0, 0);
         SimDevice.failAlloc(1);
-        assertEquals(0, list("/m", 1).size());
-        assertEquals(1, SimDevice.callCount("esv_zel_get_easy_box_info_finish"));
+        assertFailedListing("/m", "easy_box_info == NULL.");
         assertEquals(0, SimDevice.callCount("esv_zel_get_easy_box_info"));
-        assertTrue(traces().contains(line(0, "zel_fnd_get_easy_box_list", "easy_box_info == NULL.")));
     }
 
     @Test
