@@ -9,7 +9,6 @@
 
 #include <gtest/gtest.h>
 
-#include <ios>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -62,26 +61,6 @@ inline std::vector<std::vector<std::string>> args_of(const std::string& op) {
     std::vector<std::vector<std::string>> out;
     for (const tovr_sim::Call& c : tovr_sim::calls(op)) out.push_back(c.args);
     return out;
-}
-
-// One row of a module's result conversion: the facade's code, the result it becomes and the
-// message of the one "convert_retcode" line it traces at `level`.
-struct Conversion {
-    long code;
-    int result;
-    std::string message;
-    int level = 3;
-};
-
-// Each row's code through `convert` on an emptied trace: the row's result, and its one line in
-// the trace of `module`.
-template <class Convert>
-void expect_conversions(const std::string& module, const std::vector<Conversion>& rows, Convert convert) {
-    for (const Conversion& r : rows) {
-        tovr_sim::clear_trace();
-        EXPECT_EQ(r.result, convert(r.code)) << std::hex << r.code;
-        EXPECT_EQ((std::vector<Line>{{r.level, "convert_retcode," + r.message}}), lines_of(module)) << std::hex << r.code;
-    }
 }
 
 }  // namespace sim_test

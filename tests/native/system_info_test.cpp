@@ -31,19 +31,6 @@ protected:
     CMT_System_Info info;
 };
 
-TEST_F(SystemInfo, ConvertRetcodeEveryRow) {
-    sim_test::expect_conversions("cmt_system_info", {
-        {0, 0, "ESV_ZEL_SYSINFO_OK"},
-        {0x04010501, 1, "ESV_ZEL_SYSINFO_ERROR_COMPETENCE"},
-        {0x04010502, 2, "ESV_ZEL_SYSINFO_ERROR"},
-        {0x04010503, 3, "ESV_ZEL_SYSINFO_UNSUPPORTED_ERROR"},
-        {0x04010504, 2, "default ZEL_FND_SYSINFO_ERROR"},
-        {0x04010500, 2, "default ZEL_FND_SYSINFO_ERROR"},
-        {1, 2, "default ZEL_FND_SYSINFO_ERROR"},
-        {-1, 2, "default ZEL_FND_SYSINFO_ERROR"},
-    }, [&](long code) { return info.convert_retcode(code); });
-}
-
 TEST_F(SystemInfo, FreshObjectReportsFalseAndTwo) {
     EXPECT_FALSE(info.get_result());
     EXPECT_EQ(2, info.get_retcode());
