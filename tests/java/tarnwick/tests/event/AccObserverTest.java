@@ -176,10 +176,7 @@ class AccObserverTest {
 
     @Test
     void attachFailureAnswers0x04010A05WithoutJava() {
-        SimDevice.failAttach(3);
-        assertArrayEquals(FAILED, SimAcc.iccardDetect("x", 1, 0, 0));
-        assertArrayEquals(FAILED, SimAcc.iccardReadError(1));
-        assertArrayEquals(FAILED, SimAcc.iccardStateChange(1, 1, 1, 1));
-        f.assertSeen(List.of(), M, List.of());
+        f.assertAttachFailures(FAILED, M, () -> SimAcc.iccardDetect("x", 1, 0, 0), () -> SimAcc.iccardReadError(1),
+                () -> SimAcc.iccardStateChange(1, 1, 1, 1));
     }
 }

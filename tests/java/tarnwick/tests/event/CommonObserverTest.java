@@ -87,11 +87,8 @@ class CommonObserverTest extends NotificationCases {
 
     @Test
     void attachFailureAnswers0x04010207AndCallsNoJava() {
-        SimDevice.failAttach(1);
-        assertArrayEquals(new long[] {0x04010207L}, SimCommon.coverStatus(1));
-        SimDevice.failAttach(1);
-        assertArrayEquals(new long[] {0x04010207L}, SimCommon.requestActivate(12, 1));
-        f.assertSeen(List.of(), M, List.of());
+        f.assertAttachFailures(new long[] {0x04010207L}, M,
+                () -> SimCommon.coverStatus(1), () -> SimCommon.requestActivate(12, 1));
         assertArrayEquals(OK, SimCommon.coverStatus(2));
         assertEquals(List.of("cover 2"), f.events);
     }

@@ -1,5 +1,6 @@
 package tarnwick.tests.event;
 
+import static org.junit.jupiter.api.Assertions.assertArrayEquals;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 
 import java.util.ArrayList;
@@ -87,6 +88,17 @@ final class EventFixture implements AutoCloseable, BeforeEachCallback, AfterEach
     void assertSeen(List<String> expected, String module, List<String> trace) {
         assertEquals(expected, events);
         assertEquals(trace, SimDeviceExtension.trace(module));
+    }
+
+    /**
+     * The device thread cannot attach for the next notifications: each of {@code raises} answers
+     * {@code failed}, and nothing reaches the listeners or the trace of the observer {@code module}.
+     */
+    @SafeVarargs
+    final void assertAttachFailures(long[] failed, String module, Supplier<long[]>... raises) {
+        SimDevice.failAttach(raises.length);
+        for (Supplier<long[]> raise : raises) assertArrayEquals(failed, raise.get());
+        assertSeen(List.of(), module, List.of());
     }
 
     private void record(String event) {

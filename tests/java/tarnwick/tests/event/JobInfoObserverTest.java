@@ -87,9 +87,7 @@ class JobInfoObserverTest {
 
     @Test
     void attachFailureAnswers0x04010001() {
-        SimDevice.failAttach(1);
-        assertArrayEquals(FAILED, SimJobs.faxSendPage(1, 1));
-        f.assertSeen(List.of(), M, List.of());
+        f.assertAttachFailures(FAILED, M, () -> SimJobs.faxSendPage(1, 1));
     }
 
     @Test

@@ -10,7 +10,6 @@ import java.util.List;
 import java.util.stream.Stream;
 import org.junit.jupiter.api.Test;
 import org.junit.jupiter.params.provider.Arguments;
-import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimJobs;
 import tarnwick.zel.controller.event.job.Job;
 import tarnwick.zel.controller.event.job.JobState;
@@ -74,11 +73,8 @@ class JobObserverTest extends NotificationCases {
 
     @Test
     void attachFailureAnswers0x04010001() {
-        SimDevice.failAttach(1);
-        assertArrayEquals(FAILED, SimJobs.jobStateChanged(0, 1, 0, 0, "", 0, 0));
-        SimDevice.failAttach(1);
-        assertArrayEquals(FAILED, SimJobs.scanCount(1, 1));
-        f.assertSeen(List.of(), M, List.of());
+        f.assertAttachFailures(FAILED, M,
+                () -> SimJobs.jobStateChanged(0, 1, 0, 0, "", 0, 0), () -> SimJobs.scanCount(1, 1));
     }
 
     @Test

@@ -21,12 +21,14 @@ import tarnwick.zel.wrapper.system.cmt_commonJNI;
 /**
  * The set-up every test on the simulated device shares: the library loaded once per VM and
  * started as an application starts it ({@code cmt_init.init()}), and before each test a device in
- * its initial state (every service reset, no forcings, no calls, an empty trace).
+ * its initial state (every service reset, no forcings, no calls, an empty trace). What a case
+ * makes through {@link #make}, {@link #listen} and {@link #startEventManager} is deleted after it.
  *
  * <pre>
  * &#64;RegisterExtension
  * static final SimDeviceExtension device = new SimDeviceExtension();
  * ...
+ * long auth = device.make(ZELFNDUserJNI::new_zel_fnd_authentication, ZELFNDUserJNI::delete_zel_fnd_authentication);
  * assertEquals(List.of("3 login,[Start], cert_id=[0]"), SimDeviceExtension.trace("zel_fnd_authentication"));
  * </pre>
  */
