@@ -31,28 +31,6 @@ protected:
     CMT_System_Info info;
 };
 
-TEST_F(SystemInfo, ConvertRetcodeEveryRow) {
-    struct Row {
-        long rc;
-        int code;
-        const char* message;
-    } rows[] = {
-        {0, 0, "ESV_ZEL_SYSINFO_OK"},
-        {0x04010501, 1, "ESV_ZEL_SYSINFO_ERROR_COMPETENCE"},
-        {0x04010502, 2, "ESV_ZEL_SYSINFO_ERROR"},
-        {0x04010503, 3, "ESV_ZEL_SYSINFO_UNSUPPORTED_ERROR"},
-        {0x04010504, 2, "default ZEL_FND_SYSINFO_ERROR"},
-        {0x04010500, 2, "default ZEL_FND_SYSINFO_ERROR"},
-        {1, 2, "default ZEL_FND_SYSINFO_ERROR"},
-        {-1, 2, "default ZEL_FND_SYSINFO_ERROR"},
-    };
-    for (const Row& r : rows) {
-        tovr_sim::clear_trace();
-        EXPECT_EQ(r.code, info.convert_retcode(r.rc)) << r.rc;
-        EXPECT_EQ(std::vector<Line>{conv(r.message)}, lines()) << r.rc;
-    }
-}
-
 TEST_F(SystemInfo, FreshObjectReportsFalseAndTwo) {
     EXPECT_FALSE(info.get_result());
     EXPECT_EQ(2, info.get_retcode());

@@ -3,6 +3,7 @@
 #ifndef TOVR_TESTS_JVM_ENV_H
 #define TOVR_TESTS_JVM_ENV_H
 
+#include <gtest/gtest.h>
 #include <jni.h>
 
 #include "CJvm.h"
@@ -24,6 +25,13 @@ inline JNIEnv* env_of_this_thread() {
     if (vm == nullptr || vm->GetEnv(reinterpret_cast<void**>(&env), tarnwick::kJniVersion) != JNI_OK) return nullptr;
     return env;
 }
+
+// A test on the calling thread's environment, which must be there.
+class ThreadEnvTest : public ::testing::Test {
+protected:
+    void SetUp() override { ASSERT_NE(nullptr, env); }
+    JNIEnv* const env = env_of_this_thread();
+};
 
 }  // namespace jvm_test
 

@@ -12,13 +12,11 @@ namespace jni = tarnwick::jni;
 
 namespace {
 
-using jvm_test::env_of_this_thread;
+using ToolkitJvm = jvm_test::ThreadEnvTest;
 
 }  // namespace
 
-TEST(ToolkitJvm, GlobalClassMissingLeavesNothingPendingAndResetWithAnEnvDeletesTheReference) {
-    JNIEnv* env = env_of_this_thread();
-    ASSERT_NE(nullptr, env);
+TEST_F(ToolkitJvm, GlobalClassMissingLeavesNothingPendingAndResetWithAnEnvDeletesTheReference) {
     jni::GlobalClass missing;
     EXPECT_FALSE(missing.find(env, "tovrtest/NoSuchClass"));
     EXPECT_FALSE(missing);
@@ -32,9 +30,7 @@ TEST(ToolkitJvm, GlobalClassMissingLeavesNothingPendingAndResetWithAnEnvDeletesT
     plain.reset(env);  // a second reset has nothing left to delete
 }
 
-TEST(ToolkitJvm, ArrayElementsReleasedEarlyAreCopiedBackOnce) {
-    JNIEnv* env = env_of_this_thread();
-    ASSERT_NE(nullptr, env);
+TEST_F(ToolkitJvm, ArrayElementsReleasedEarlyAreCopiedBackOnce) {
     jni::LocalRef<jintArray> array(env, env->NewIntArray(3));
     ASSERT_TRUE(array);
     {
@@ -52,7 +48,7 @@ TEST(ToolkitJvm, ArrayElementsReleasedEarlyAreCopiedBackOnce) {
     EXPECT_FALSE(env->ExceptionCheck());
 }
 
-TEST(ToolkitJvm, AttachScopeOnAThreadTheVmHasNotSeenAttachesItForItsLengthOnly) {
+TEST_F(ToolkitJvm, AttachScopeOnAThreadTheVmHasNotSeenAttachesItForItsLengthOnly) {
     JavaVM* vm = nullptr;
     jsize count = 0;
     ASSERT_EQ(JNI_OK, JNI_GetCreatedJavaVMs(&vm, 1, &count));

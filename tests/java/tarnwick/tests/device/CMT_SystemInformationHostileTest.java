@@ -11,22 +11,15 @@ import org.junit.jupiter.api.Test;
 import tarnwick.sim.SimCommon;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimSystem;
-import tarnwick.tests.support.HandleFixture;
+import tarnwick.tests.support.HostileHandleFixture;
 import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.wrapper.device.attribute.CMT_SystemInformationJNI;
 
 /** Hostile calls of the system-information module: null handles, huge texts and numbers, odd arrays. */
-class CMT_SystemInformationHostileTest extends HandleFixture {
+class CMT_SystemInformationHostileTest extends HostileHandleFixture {
     CMT_SystemInformationHostileTest() {
-        super(CMT_SystemInformationJNI::new_CMT_System_Info, CMT_SystemInformationJNI::delete_CMT_System_Info);
-    }
-
-    @Test
-    void deleteOfNullDoesNothing() {
-        delete_CMT_System_Info(0);
-        delete_ESV_ZEL_PAPER_INFO(0);
-        delete_ESV_ZEL_COUNT_INFO(0);
-        assertEquals(0, SimDevice.allCalls().length);
+        super(CMT_SystemInformationJNI::new_CMT_System_Info, CMT_SystemInformationJNI::delete_CMT_System_Info,
+                CMT_SystemInformationJNI::delete_ESV_ZEL_PAPER_INFO, CMT_SystemInformationJNI::delete_ESV_ZEL_COUNT_INFO);
     }
 
     @Test

@@ -7,20 +7,14 @@ import static tarnwick.zel.wrapper.webservice.zel_fnd_webservice_moduleJNI.*;
 import org.junit.jupiter.api.Test;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimWebService;
-import tarnwick.tests.support.HandleFixture;
+import tarnwick.tests.support.HostileHandleFixture;
 import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.wrapper.webservice.zel_fnd_webservice_moduleJNI;
 
 /** Hostile calls of the web service module: null names, huge and odd names, extreme kinds. */
-class zel_fnd_webservice_moduleHostileTest extends HandleFixture {
+class zel_fnd_webservice_moduleHostileTest extends HostileHandleFixture {
     zel_fnd_webservice_moduleHostileTest() {
         super(zel_fnd_webservice_moduleJNI::new_zel_fnd_webservice_proxy, zel_fnd_webservice_moduleJNI::delete_zel_fnd_webservice_proxy);
-    }
-
-    @Test
-    void deleteOfNullDoesNothing() {
-        delete_zel_fnd_webservice_proxy(0);
-        assertEquals(0, SimDevice.allCalls().length);
     }
 
     @Test

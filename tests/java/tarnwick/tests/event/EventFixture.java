@@ -1,13 +1,19 @@
 package tarnwick.tests.event;
 
+import static org.junit.jupiter.api.Assertions.assertArrayEquals;
+import static org.junit.jupiter.api.Assertions.assertEquals;
+
 import java.util.ArrayList;
 import java.util.Collections;
 import java.util.List;
+import java.util.function.Supplier;
 import org.junit.jupiter.api.extension.AfterEachCallback;
 import org.junit.jupiter.api.extension.BeforeEachCallback;
 import org.junit.jupiter.api.extension.ExtensionContext;
+import org.junit.jupiter.params.provider.Arguments;
 import tarnwick.sim.SimDevice;
 import tarnwick.tests.support.EventProxies;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.controller.event.device.ICCardInfo;
 import tarnwick.zel.controller.event.job.InterpreterInfo;
 import tarnwick.zel.controller.event.job.Job;
@@ -68,6 +74,31 @@ final class EventFixture implements AutoCloseable, BeforeEachCallback, AfterEach
         ZELFNDEventJNI.delete_zel_fnd_event_manager(manager);
         manager = 0;
         EventProxies.removeAllListeners();
+    }
+
+    /**
+     * A case of one notification: its name, the device raising it (answered {@link #OK}), what the
+     * listeners record and what the observer traces.
+     */
+    static Arguments notification(String name, Supplier<long[]> raise, List<String> events, List<String> trace) {
+        return Arguments.of(name, raise, events, trace);
+    }
+
+    /** The listeners recorded {@code expected}, and the observer {@code module} traced {@code trace}. */
+    void assertSeen(List<String> expected, String module, List<String> trace) {
+        assertEquals(expected, events);
+        assertEquals(trace, SimDeviceExtension.trace(module));
+    }
+
+    /**
+     * The device thread cannot attach for the next notifications: each of {@code raises} answers
+     * {@code failed}, and nothing reaches the listeners or the trace of the observer {@code module}.
+     */
+    @SafeVarargs
+    final void assertAttachFailures(long[] failed, String module, Supplier<long[]>... raises) {
+        SimDevice.failAttach(raises.length);
+        for (Supplier<long[]> raise : raises) assertArrayEquals(failed, raise.get());
+        assertSeen(List.of(), module, List.of());
     }
 
     private void record(String event) {

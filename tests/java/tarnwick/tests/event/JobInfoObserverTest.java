@@ -87,10 +87,7 @@ class JobInfoObserverTest {
 
     @Test
     void attachFailureAnswers0x04010001() {
-        SimDevice.failAttach(1);
-        assertArrayEquals(FAILED, SimJobs.faxSendPage(1, 1));
-        assertEquals(List.of(), f.events);
-        assertEquals(List.of(), SimDeviceExtension.trace(M));
+        f.assertAttachFailures(FAILED, M, () -> SimJobs.faxSendPage(1, 1));
     }
 
     @Test

@@ -55,11 +55,7 @@ class PanelTest {
 
     @Test
     void attachFailureAnswers0x04010706() {
-        SimDevice.failAttach(2);
-        assertArrayEquals(new long[] {0x04010706L}, SimPanel.keyEvent(1, 0));
-        assertArrayEquals(new long[] {0x04010706L}, SimPanel.autoPanelReset());
-        assertEquals(List.of(), f.events);
-        assertEquals(List.of(), SimDeviceExtension.trace(OBS));
+        f.assertAttachFailures(new long[] {0x04010706L}, OBS, () -> SimPanel.keyEvent(1, 0), SimPanel::autoPanelReset);
     }
 
     @Test

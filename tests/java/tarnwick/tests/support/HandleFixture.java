@@ -26,7 +26,8 @@ public abstract class HandleFixture {
     protected long h;
 
     private final LongSupplier make;
-    private final LongConsumer delete;
+    /** Deletes an object of the module's class. */
+    protected final LongConsumer delete;
 
     protected HandleFixture(LongSupplier make, LongConsumer delete) {
         this.make = make;

@@ -1,6 +1,5 @@
 package tarnwick.tests.user;
 
-import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.tests.support.SimDeviceExtension;
@@ -16,13 +15,7 @@ abstract class AccountFixture {
 
     @BeforeEach
     void start() {
-        manager = CMT_Account_ModuleJNI.new_cmt_account_manager();
-        config = CMT_Account_ModuleJNI.new_cmt_account_config();
-    }
-
-    @AfterEach
-    void stop() {
-        CMT_Account_ModuleJNI.delete_cmt_account_config(config);
-        CMT_Account_ModuleJNI.delete_cmt_account_manager(manager);
+        manager = device.make(CMT_Account_ModuleJNI::new_cmt_account_manager, CMT_Account_ModuleJNI::delete_cmt_account_manager);
+        config = device.make(CMT_Account_ModuleJNI::new_cmt_account_config, CMT_Account_ModuleJNI::delete_cmt_account_config);
     }
 }
