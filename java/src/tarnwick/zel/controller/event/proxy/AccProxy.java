@@ -21,22 +21,19 @@ public final class AccProxy {
     }
 
     /**
-     * The listeners of these events; {@link #addListener}, {@link #removeListener} and {@link
-     * #removeAllListeners} act on it.
+     * The listeners of these events: {@link #addListener} (one added twice is called twice),
+     * {@link #removeListener} (whether it was registered) and {@link #removeAllListeners} act on it.
      */
     public static final Listeners<Listener> listeners = new Listeners<>();
 
-    /** Adds a listener; one added twice is called twice. */
     public static void addListener(Listener listener) {
         listeners.add(listener);
     }
 
-    /** Removes a listener; whether it was registered. */
     public static boolean removeListener(Listener listener) {
         return listeners.remove(listener);
     }
 
-    /** Removes every listener. */
     public static void removeAllListeners() {
         listeners.clear();
     }
