@@ -43,6 +43,19 @@ jni::JavaClass& search_key_class() {
 
 esv_zel_common_facade* facade() { return esv_zel_common_facade::esv_zel_common_get_instance(); }
 
+// An FTP or SMB object with its fields (a local reference), or null when it could not be made.
+jobject build_server(cmt_server_info& builder, const cmt_address_server_fields& f) {
+    jobject obj = builder.create_object();
+    if (obj != nullptr) {
+        builder.set_field_host(obj, f.host);
+        builder.set_field_path(obj, f.path);
+        builder.set_field_port(obj, f.port);
+        builder.set_field_login_name(obj, f.login_name);
+        builder.set_field_password(obj, f.password);
+    }
+    return obj;
+}
+
 // Builds the Java objects of one record and returns the personal address (a local reference of
 // the current frame, or null when it could not be made).
 jobject build_address(const ESV_ZEL_PERSONAL_ADDRESS& record, cmt_email_info& email,
@@ -58,22 +71,8 @@ jobject build_address(const ESV_ZEL_PERSONAL_ADDRESS& record, cmt_email_info& em
     }
     jobject email_obj = email.create_object();
     if (email_obj != nullptr) email.set_field_mail_address(email_obj, f.mail_address);
-    jobject ftp_obj = ftp.create_object();
-    if (ftp_obj != nullptr) {
-        ftp.set_field_host(ftp_obj, f.ftp_host);
-        ftp.set_field_path(ftp_obj, f.ftp_path);
-        ftp.set_field_port(ftp_obj, f.ftp_port);
-        ftp.set_field_login_name(ftp_obj, f.ftp_login_name);
-        ftp.set_field_password(ftp_obj, f.ftp_password);
-    }
-    jobject smb_obj = smb.create_object();
-    if (smb_obj != nullptr) {
-        smb.set_field_host(smb_obj, f.smb_host);
-        smb.set_field_path(smb_obj, f.smb_path);
-        smb.set_field_port(smb_obj, f.smb_port);
-        smb.set_field_login_name(smb_obj, f.smb_login_name);
-        smb.set_field_password(smb_obj, f.smb_password);
-    }
+    jobject ftp_obj = build_server(ftp, f.ftp);
+    jobject smb_obj = build_server(smb, f.smb);
     jobject fax_obj = fax.create_object();
     if (fax_obj != nullptr) {
         fax.set_field_fax_num(fax_obj, f.fax_num);

@@ -11,16 +11,6 @@ namespace {
 enum : std::size_t {
     kName = 0,
     kPronunciation = 193,
-    kFtpHost = 386,
-    kFtpPath = 451,
-    kFtpPort = 580,
-    kFtpLogin = 582,
-    kFtpPassword = 647,
-    kSmbHost = 712,
-    kSmbPath = 777,
-    kSmbPort = 906,
-    kSmbLogin = 908,
-    kSmbPassword = 1037,
     kFaxNum = 1168,
     kBitrateType = 1204,
     kEcm = 1208,
@@ -40,6 +30,13 @@ enum : std::size_t {
     kFileType = 1984,
     kMailAddress = 1988,
 };
+
+// Where the fields of a server destination stand, and the widths of its texts.
+struct server_layout {
+    std::size_t host, host_width, path, path_width, port, login, login_width, password, password_width;
+};
+constexpr server_layout kFtp{386, kCmtFtpHostWidth, 451, kCmtFtpPathWidth, 580, 582, kCmtFtpLoginWidth, 647, kCmtFtpPasswordWidth};
+constexpr server_layout kSmb{712, kCmtSmbHostWidth, 777, kCmtSmbPathWidth, 906, 908, kCmtSmbLoginWidth, 1037, kCmtSmbPasswordWidth};
 
 // Copies the text at `offset` up to its first NUL, at most `width` bytes, and terminates it.
 template <std::size_t N>
@@ -69,6 +66,14 @@ signed char byte(const unsigned char* record, std::size_t offset) {
     return static_cast<signed char>(record[offset]);
 }
 
+void server(const unsigned char* record, const server_layout& at, cmt_address_server_fields& out) {
+    text(record, at.host, at.host_width, out.host);
+    text(record, at.path, at.path_width, out.path);
+    out.port = port(record, at.port);
+    text(record, at.login, at.login_width, out.login_name);
+    text(record, at.password, at.password_width, out.password);
+}
+
 }  // namespace
 
 bool cmt_read_address_record(const unsigned char* r, std::size_t size, cmt_address_record_fields& out) {
@@ -76,16 +81,8 @@ bool cmt_read_address_record(const unsigned char* r, std::size_t size, cmt_addre
     text(r, kName, kCmtNameWidth, out.name);
     text(r, kPronunciation, kCmtPronunciationWidth, out.pronunciation);
     text(r, kMailAddress, kCmtMailAddressWidth, out.mail_address);
-    text(r, kFtpHost, kCmtFtpHostWidth, out.ftp_host);
-    text(r, kFtpPath, kCmtFtpPathWidth, out.ftp_path);
-    out.ftp_port = port(r, kFtpPort);
-    text(r, kFtpLogin, kCmtFtpLoginWidth, out.ftp_login_name);
-    text(r, kFtpPassword, kCmtFtpPasswordWidth, out.ftp_password);
-    text(r, kSmbHost, kCmtSmbHostWidth, out.smb_host);
-    text(r, kSmbPath, kCmtSmbPathWidth, out.smb_path);
-    out.smb_port = port(r, kSmbPort);
-    text(r, kSmbLogin, kCmtSmbLoginWidth, out.smb_login_name);
-    text(r, kSmbPassword, kCmtSmbPasswordWidth, out.smb_password);
+    server(r, kFtp, out.ftp);
+    server(r, kSmb, out.smb);
     text(r, kFaxNum, kCmtFaxNumWidth, out.fax_num);
     out.bitrate_type = low_byte(r, kBitrateType);
     out.ecm = byte(r, kEcm);

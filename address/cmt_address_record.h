@@ -34,24 +34,27 @@ constexpr std::size_t kCmtDepartmentWidth = 195;
 constexpr std::size_t kCmtIfaxAddressWidth = 132;
 constexpr std::size_t kCmtMailAddressWidth = 132;
 
+static_assert(kCmtFtpHostWidth <= kCmtSmbHostWidth && kCmtFtpPathWidth <= kCmtSmbPathWidth &&
+                  kCmtFtpLoginWidth <= kCmtSmbLoginWidth && kCmtFtpPasswordWidth <= kCmtSmbPasswordWidth,
+              "the server fields hold the wider of the two");
+
+// A server destination (FTP or SMB): the same fields, the SMB's login name and password wider.
+struct cmt_address_server_fields {
+    char host[kCmtSmbHostWidth + 1];
+    char path[kCmtSmbPathWidth + 1];
+    int port;
+    char login_name[kCmtSmbLoginWidth + 1];
+    char password[kCmtSmbPasswordWidth + 1];
+};
+
 struct cmt_address_record_fields {
     // name info
     char name[kCmtNameWidth + 1];
     char pronunciation[kCmtPronunciationWidth + 1];
     // e-mail info
     char mail_address[kCmtMailAddressWidth + 1];
-    // FTP info
-    char ftp_host[kCmtFtpHostWidth + 1];
-    char ftp_path[kCmtFtpPathWidth + 1];
-    int ftp_port;
-    char ftp_login_name[kCmtFtpLoginWidth + 1];
-    char ftp_password[kCmtFtpPasswordWidth + 1];
-    // SMB info
-    char smb_host[kCmtSmbHostWidth + 1];
-    char smb_path[kCmtSmbPathWidth + 1];
-    int smb_port;
-    char smb_login_name[kCmtSmbLoginWidth + 1];
-    char smb_password[kCmtSmbPasswordWidth + 1];
+    cmt_address_server_fields ftp;
+    cmt_address_server_fields smb;
     // fax info
     char fax_num[kCmtFaxNumWidth + 1];
     signed char bitrate_type;

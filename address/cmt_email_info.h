@@ -11,12 +11,8 @@ namespace tarnwick {
 class cmt_email_info : public cmt_address_builder {
 public:
     cmt_email_info();
-    ~cmt_email_info() override;
 
     void set_field_mail_address(jobject obj, const char* value);
-
-private:
-    jfieldID mail_address_ = nullptr;
 };
 
 }  // namespace tarnwick

@@ -2,29 +2,13 @@
 #ifndef TARNWICK_CMT_FTP_INFO_H
 #define TARNWICK_CMT_FTP_INFO_H
 
-#include <jni.h>
-
-#include "cmt_address_builder.h"
+#include "cmt_server_info.h"
 
 namespace tarnwick {
 
-class cmt_ftp_info : public cmt_address_builder {
+class cmt_ftp_info : public cmt_server_info {
 public:
     cmt_ftp_info();
-    ~cmt_ftp_info() override;
-
-    void set_field_host(jobject obj, const char* value);
-    void set_field_path(jobject obj, const char* value);
-    void set_field_port(jobject obj, int value);
-    void set_field_login_name(jobject obj, const char* value);
-    void set_field_password(jobject obj, const char* value);
-
-private:
-    jfieldID host_ = nullptr;
-    jfieldID path_ = nullptr;
-    jfieldID port_ = nullptr;
-    jfieldID login_name_ = nullptr;
-    jfieldID password_ = nullptr;
 };
 
 }  // namespace tarnwick

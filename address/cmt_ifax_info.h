@@ -11,20 +11,12 @@ namespace tarnwick {
 class cmt_ifax_info : public cmt_address_builder {
 public:
     cmt_ifax_info();
-    ~cmt_ifax_info() override;
 
     void set_field_ifax_address(jobject obj, const char* value);
     void set_field_mode_type(jobject obj, signed char value);
     void set_field_size_type(jobject obj, signed char value);
     void set_field_resolution_type(jobject obj, signed char value);
     void set_field_file_type(jobject obj, signed char value);
-
-private:
-    jfieldID ifax_address_ = nullptr;
-    jfieldID mode_type_ = nullptr;
-    jfieldID size_type_ = nullptr;
-    jfieldID resolution_type_ = nullptr;
-    jfieldID file_type_ = nullptr;
 };
 
 }  // namespace tarnwick

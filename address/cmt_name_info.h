@@ -11,14 +11,9 @@ namespace tarnwick {
 class cmt_name_info : public cmt_address_builder {
 public:
     cmt_name_info();
-    ~cmt_name_info() override;
 
     void set_field_name(jobject obj, const char* value);
     void set_field_pronunciation(jobject obj, const char* value);
-
-private:
-    jfieldID name_ = nullptr;
-    jfieldID pronunciation_ = nullptr;
 };
 
 }  // namespace tarnwick

@@ -12,7 +12,6 @@ namespace tarnwick {
 class cmt_personal_address : public cmt_address_builder {
 public:
     cmt_personal_address();
-    ~cmt_personal_address() override;
 
     // Each stores a sub-object (null included).
     void set_field_name(jobject obj, jobject value);
@@ -25,14 +24,6 @@ public:
     // A Java array of `n` personal addresses, all null; null when the builder is unset, `n` is
     // negative or the VM has no room (its exception described and cleared).
     jobjectArray create_object_array(int n);
-
-private:
-    jfieldID name_ = nullptr;
-    jfieldID email_ = nullptr;
-    jfieldID ftp_ = nullptr;
-    jfieldID smb_ = nullptr;
-    jfieldID fax_ = nullptr;
-    jfieldID ifax_ = nullptr;
 };
 
 }  // namespace tarnwick

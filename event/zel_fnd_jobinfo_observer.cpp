@@ -83,6 +83,19 @@ bool set_all(JNIEnv* env, jobject obj, const jni::JavaClass& cls, std::size_t fi
     return true;
 }
 
+// The steps every notification starts with: "[Start]", a new info object of `cls` in `info`,
+// the user job id traced, then the setters from the first on called with `values`. False at
+// the first step that fails; the notification then answers call.fail().
+template <std::size_t N>
+bool begin(JNIEnv* env, const char* operation, jni::JavaClass& cls, const char* not_made, unsigned int user_job_id,
+           const jvalue (&values)[N], jni::LocalRef<jobject>& info) {
+    CMT_TRACE_OP(kTraceFlow, operation, "[Start]");
+    info.reset(env, new_info(env, cls, operation, not_made));
+    if (!info) return false;
+    CMT_TRACE_OP(kTraceFlow, operation, "user_job_id = [%d]", static_cast<int>(user_job_id));
+    return set_all(env, info.get(), cls, 1, values);
+}
+
 }  // namespace
 
 int zel_fnd_jobinfo_observer::init() {
@@ -113,13 +126,12 @@ long zel_fnd_jobinfo_observer::notify_job_update_log(const ESV_ZEL_EVENT_JOB_UPD
     Notification call(*this, kFailure);
     if (!call.attached()) return kFailure;
     JNIEnv* const env = call.env();
-    CMT_TRACE(kTraceFlow, "[Start]");
     jni::JavaClass& cls = joblog_info_class();
-    jni::LocalRef<jobject> info(
-        env, new_info(env, cls, __func__, "jnienv_->NewObject(jcls_joblog_info_, mid) obj = NULL"));
-    if (!info) return call.fail();
-    CMT_TRACE(kTraceFlow, "user_job_id = [%d]", static_cast<int>(log.user_job_id));
-    if (!set_all(env, info.get(), cls, 1, {java_value(static_cast<jlong>(log.user_job_id))})) return call.fail();
+    jni::LocalRef<jobject> info;
+    if (!begin(env, __func__, cls, "jnienv_->NewObject(jcls_joblog_info_, mid) obj = NULL", log.user_job_id,
+               {java_value(static_cast<jlong>(log.user_job_id))}, info)) {
+        return call.fail();
+    }
     CMT_TRACE(kTraceFlow, "receipt_id = [%d]", static_cast<int>(log.receipt_id));
     if (!set_all(env, info.get(), cls, 2, {java_value(static_cast<jlong>(log.receipt_id))})) return call.fail();
     return fire(call, mid_job_log_, info.get(), __func__);
@@ -128,15 +140,11 @@ long zel_fnd_jobinfo_observer::notify_job_update_log(const ESV_ZEL_EVENT_JOB_UPD
 long zel_fnd_jobinfo_observer::notify_fax_send_page_info(const ESV_ZEL_EVENT_SEND_PAGE& page) {
     Notification call(*this, kFailure);
     if (!call.attached()) return kFailure;
-    JNIEnv* const env = call.env();
-    CMT_TRACE(kTraceFlow, "[Start]");
-    jni::JavaClass& cls = fax_send_page_info_class();
-    jni::LocalRef<jobject> info(
-        env, new_info(env, cls, __func__, "jnienv_->NewObject(jcls_fax_send_page_info_, mid) obj = NULL"));
-    if (!info) return call.fail();
-    CMT_TRACE(kTraceFlow, "user_job_id = [%d]", static_cast<int>(page.user_job_id));
-    if (!set_all(env, info.get(), cls, 1,
-                 {java_value(static_cast<jlong>(page.user_job_id)), java_value(static_cast<jlong>(page.page_num))})) {
+    jni::LocalRef<jobject> info;
+    if (!begin(call.env(), __func__, fax_send_page_info_class(),
+               "jnienv_->NewObject(jcls_fax_send_page_info_, mid) obj = NULL", page.user_job_id,
+               {java_value(static_cast<jlong>(page.user_job_id)), java_value(static_cast<jlong>(page.page_num))},
+               info)) {
         return call.fail();
     }
     return fire(call, mid_page_, info.get(), __func__);
@@ -147,15 +155,12 @@ long zel_fnd_jobinfo_observer::notify_renint_start_info(const ESV_ZEL_EVENT_RENI
     Notification call(*this, kFailure);
     if (!call.attached()) return kFailure;
     JNIEnv* const env = call.env();
-    CMT_TRACE(kTraceFlow, "[Start]");
     jni::JavaClass& cls = interpreter_info_class();
-    jni::LocalRef<jobject> info(
-        env, new_info(env, cls, __func__, "jnienv_->NewObject(jcls_interpreter_info_, mid) obj = NULL"));
-    if (!info) return call.fail();
-    CMT_TRACE(kTraceFlow, "user_job_id = [%d]", static_cast<int>(start.user_job_id));
-    if (!set_all(env, info.get(), cls, 1,
-                 {java_value(static_cast<jlong>(start.user_job_id)), java_value(static_cast<jint>(start.name_setting)),
-                  java_value(static_cast<jlong>(start.interface_info))})) {
+    jni::LocalRef<jobject> info;
+    if (!begin(env, __func__, cls, "jnienv_->NewObject(jcls_interpreter_info_, mid) obj = NULL", start.user_job_id,
+               {java_value(static_cast<jlong>(start.user_job_id)), java_value(static_cast<jint>(start.name_setting)),
+                java_value(static_cast<jlong>(start.interface_info))},
+               info)) {
         return call.fail();
     }
     const jmethodID set_job_name = cls.method(4);
@@ -174,20 +179,16 @@ long zel_fnd_jobinfo_observer::notify_renint_start_info(const ESV_ZEL_EVENT_RENI
 long zel_fnd_jobinfo_observer::notify_print_page_info(const ESV_ZEL_EVENT_PRINT_PAGE& page) {
     Notification call(*this, kFailure);
     if (!call.attached()) return kFailure;
-    JNIEnv* const env = call.env();
-    CMT_TRACE(kTraceFlow, "[Start]");
-    jni::JavaClass& cls = print_page_info_class();
-    jni::LocalRef<jobject> info(
-        env, new_info(env, cls, __func__, "jnienv_->NewObject(jcls_print_page_info_, mid) obj = NULL"));
-    if (!info) return call.fail();
-    CMT_TRACE(kTraceFlow, "user_job_id = [%d]", static_cast<int>(page.user_job_id));
-    if (!set_all(env, info.get(), cls, 1,
-                 {java_value(static_cast<jlong>(page.user_job_id)), java_value(static_cast<jlong>(page.page_num)),
-                  java_value(page.output_dev), java_value(page.input_dev),
-                  java_value(static_cast<jint>(page.custom_x)), java_value(static_cast<jint>(page.custom_y)),
-                  java_value(page.paper_size), java_value(page.paper_type), java_value(page.paper_dir),
-                  java_value(page.paper_weight), java_value(page.duplex), java_value(page.staple),
-                  java_value(page.punch), java_value(page.color_mode)})) {
+    jni::LocalRef<jobject> info;
+    if (!begin(call.env(), __func__, print_page_info_class(),
+               "jnienv_->NewObject(jcls_print_page_info_, mid) obj = NULL", page.user_job_id,
+               {java_value(static_cast<jlong>(page.user_job_id)), java_value(static_cast<jlong>(page.page_num)),
+                java_value(page.output_dev), java_value(page.input_dev),
+                java_value(static_cast<jint>(page.custom_x)), java_value(static_cast<jint>(page.custom_y)),
+                java_value(page.paper_size), java_value(page.paper_type), java_value(page.paper_dir),
+                java_value(page.paper_weight), java_value(page.duplex), java_value(page.staple),
+                java_value(page.punch), java_value(page.color_mode)},
+               info)) {
         return call.fail();
     }
     return fire(call, mid_page_, info.get(), __func__);
@@ -196,18 +197,14 @@ long zel_fnd_jobinfo_observer::notify_print_page_info(const ESV_ZEL_EVENT_PRINT_
 long zel_fnd_jobinfo_observer::notify_scan_page_info(const ESV_ZEL_EVENT_SCAN_PAGE& page) {
     Notification call(*this, kFailure);
     if (!call.attached()) return kFailure;
-    JNIEnv* const env = call.env();
-    CMT_TRACE(kTraceFlow, "[Start]");
-    jni::JavaClass& cls = scan_page_info_class();
-    jni::LocalRef<jobject> info(
-        env, new_info(env, cls, __func__, "jnienv_->NewObject(jcls_scan_page_info_, mid) obj = NULL"));
-    if (!info) return call.fail();
-    CMT_TRACE(kTraceFlow, "user_job_id = [%d]", static_cast<int>(page.user_job_id));
-    if (!set_all(env, info.get(), cls, 1,
-                 {java_value(static_cast<jlong>(page.user_job_id)), java_value(static_cast<jlong>(page.page_num)),
-                  java_value(static_cast<jint>(page.custom_x)), java_value(static_cast<jint>(page.custom_y)),
-                  java_value(page.paper_size), java_value(page.paper_dir), java_value(page.duplex),
-                  java_value(page.color_mode), java_value(page.resolution)})) {
+    jni::LocalRef<jobject> info;
+    if (!begin(call.env(), __func__, scan_page_info_class(),
+               "jnienv_->NewObject(jcls_scan_page_info_, mid) obj = NULL", page.user_job_id,
+               {java_value(static_cast<jlong>(page.user_job_id)), java_value(static_cast<jlong>(page.page_num)),
+                java_value(static_cast<jint>(page.custom_x)), java_value(static_cast<jint>(page.custom_y)),
+                java_value(page.paper_size), java_value(page.paper_dir), java_value(page.duplex),
+                java_value(page.color_mode), java_value(page.resolution)},
+               info)) {
         return call.fail();
     }
     return fire(call, mid_page_, info.get(), __func__);

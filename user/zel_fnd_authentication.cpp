@@ -30,6 +30,57 @@ jni::JavaClass& array_list_class() {
 // Local references of one user: the user, three strings, four attributes.
 constexpr jint kUserFrame = 16;
 
+// Module results of the facade's answers, traced under the operation that asked. `word` names
+// the answer in the trace ("result" or "retcode", as each operation has it).
+
+unsigned int failure(const char* operation, long rc) {
+    CMT_TRACE_OP(kTraceFlow, operation, "failed. result = [%d]", static_cast<int>(rc));
+    return zel_fnd_authentication::kFailure;
+}
+
+// An answer that is success or failure.
+unsigned int result(const char* operation, long rc) {
+    if (rc != 0) return failure(operation, rc);
+    CMT_TRACE_OP(kTraceFlow, operation, "success. result = [%d]", static_cast<int>(rc));
+    return zel_fnd_authentication::kSuccess;
+}
+
+// A login's answer; an invalid password is told apart only where there is a password.
+unsigned int login_result(const char* operation, const char* word, long rc, unsigned long cert_id, bool password) {
+    using A = zel_fnd_authentication;
+    if (rc == 0) {
+        CMT_TRACE_OP(kTraceFlow, operation, "success. %s = [%d], cert_id = [%lu]", word, static_cast<int>(rc), cert_id);
+        return A::kSuccess;
+    }
+    if (password && rc == kFacadeInvalidPassword) {
+        CMT_TRACE_OP(kTraceFlow, operation, "invalid password. %s = [%d]", word, static_cast<int>(rc));
+        return A::kInvalidPassword;
+    }
+    if (rc == kFacadeNotFound) {
+        CMT_TRACE_OP(kTraceFlow, operation, "not found. %s = [%d]", word, static_cast<int>(rc));
+        return A::kNotFound;
+    }
+    CMT_TRACE_OP(kTraceFlow, operation, "failed. %s = [%d]", word, static_cast<int>(rc));
+    return A::kFailure;
+}
+
+// A rights query's answer; `level` takes `value` on success. Every failure shares one text, the
+// one the two-string form was given.
+unsigned int rights_result(const char* operation, const char* word, long rc, ESV_ZEL_USER_RIGHTS value,
+                           ZEL_FND_USER_ACCESS_LEVEL& level) {
+    using A = zel_fnd_authentication;
+    if (rc == 0) {
+        level.level = value;
+        CMT_TRACE_OP(kTraceFlow, operation, "success. %s = [%d], level = [%d]", word, static_cast<int>(rc),
+                     static_cast<int>(value));
+        return A::kSuccess;
+    }
+    CMT_TRACE_OP(kTraceFlow, operation, "failed. result = %d", static_cast<int>(rc));
+    if (rc == kFacadeInvalidPassword) return A::kInvalidPassword;
+    if (rc == kFacadeNotFound) return A::kNotFound;
+    return A::kFailure;
+}
+
 }  // namespace
 
 zel_fnd_authentication::zel_fnd_authentication() {}
@@ -42,20 +93,7 @@ unsigned int zel_fnd_authentication::login(const std::string& user, const std::s
     long rc = facade()->esv_zel_user_account_login(user, password, mode, &cert_id);
     cert.id = cert_id;
     CMT_TRACE(kTraceFlow, "[Start], cert_id=[%lu]", cert_id);
-    if (rc == 0) {
-        CMT_TRACE(kTraceFlow, "success. result = [%d], cert_id = [%lu]", static_cast<int>(rc), cert_id);
-        return kSuccess;
-    }
-    if (rc == kFacadeInvalidPassword) {
-        CMT_TRACE(kTraceFlow, "invalid password. result = [%d]", static_cast<int>(rc));
-        return kInvalidPassword;
-    }
-    if (rc == kFacadeNotFound) {
-        CMT_TRACE(kTraceFlow, "not found. result = [%d]", static_cast<int>(rc));
-        return kNotFound;
-    }
-    CMT_TRACE(kTraceFlow, "failed. result = [%d]", static_cast<int>(rc));
-    return kFailure;
+    return login_result(__func__, "result", rc, cert_id, true);
 }
 
 unsigned int zel_fnd_authentication::login(const std::string& user, const std::string& password,
@@ -66,95 +104,43 @@ unsigned int zel_fnd_authentication::login(const std::string& user, const std::s
     long rc = facade()->esv_zel_user_account_login(user, password, mode, third, &cert_id);
     cert.id = cert_id;
     CMT_TRACE(kTraceFlow, "cert_id = [%lu]", cert_id);
-    if (rc == 0) {
-        CMT_TRACE(kTraceFlow, "success. retcode = [%d], cert_id = [%lu]", static_cast<int>(rc), cert_id);
-        return kSuccess;
-    }
-    if (rc == kFacadeInvalidPassword) {
-        CMT_TRACE(kTraceFlow, "invalid password. retcode = [%d]", static_cast<int>(rc));
-        return kInvalidPassword;
-    }
-    if (rc == kFacadeNotFound) {
-        CMT_TRACE(kTraceFlow, "not found. retcode = [%d]", static_cast<int>(rc));
-        return kNotFound;
-    }
-    CMT_TRACE(kTraceFlow, "failed. retcode = [%d]", static_cast<int>(rc));
-    return kFailure;
+    return login_result(__func__, "retcode", rc, cert_id, true);
 }
 
 // An IC card has no password: an invalid-password answer is a plain failure.
 unsigned int zel_fnd_authentication::iccard_login(char* idm, ZEL_FND_CERTIFICATE_ID& cert) {
     unsigned long cert_id = 0;
     long rc = facade()->esv_zel_user_idm_login(idm, &cert_id);
-    if (rc == 0) {
-        cert.id = cert_id;
-        CMT_TRACE(kTraceFlow, "success. result = [%d], cert_id = [%lu]", static_cast<int>(rc), cert_id);
-        return kSuccess;
-    }
-    if (rc == kFacadeNotFound) {
-        CMT_TRACE(kTraceFlow, "not found. result = [%d]", static_cast<int>(rc));
-        return kNotFound;
-    }
-    CMT_TRACE(kTraceFlow, "failed. result = [%d]", static_cast<int>(rc));
-    return kFailure;
+    if (rc == 0) cert.id = cert_id;
+    return login_result(__func__, "result", rc, cert_id, false);
 }
 
 unsigned int zel_fnd_authentication::logout(unsigned long cert_id) {
-    long rc = facade()->esv_zel_user_logout(cert_id);
-    if (rc == 0) {
-        CMT_TRACE(kTraceFlow, "success. result = [%d]", static_cast<int>(rc));
-        return kSuccess;
-    }
-    CMT_TRACE(kTraceFlow, "failed. result = [%d]", static_cast<int>(rc));
-    return kFailure;
+    return result(__func__, facade()->esv_zel_user_logout(cert_id));
 }
 
 unsigned int zel_fnd_authentication::get_login_user_info(ESV_ZEL_USER_USERKIND kind, ESV_ZEL_USERINFO_RECORD& rec) {
-    long rc = facade()->esv_zel_user_get_userinfo(kind, rec);
-    if (rc == 0) {
-        CMT_TRACE(kTraceFlow, "success. result = [%d]", static_cast<int>(rc));
-        return kSuccess;
-    }
-    CMT_TRACE(kTraceFlow, "failed. result = [%d]", static_cast<int>(rc));
-    return kFailure;
+    return result(__func__, facade()->esv_zel_user_get_userinfo(kind, rec));
 }
 
 unsigned int zel_fnd_authentication::get_auth_mode(ZEL_FND_AUTH_MODE& mode) {
     ESV_ZEL_USER_AUTHMODE value = mode.mode;
     long rc = facade()->esv_zel_user_get_authentication_mode(&value);
-    if (rc == 0) {
-        mode.mode = value;
-        CMT_TRACE(kTraceFlow, "success. result = [%d], mode = [%d]", static_cast<int>(rc), static_cast<int>(value));
-        return kSuccess;
-    }
-    CMT_TRACE(kTraceFlow, "failed. result = [%d]", static_cast<int>(rc));
-    return kFailure;
+    if (rc != 0) return failure(__func__, rc);
+    mode.mode = value;
+    CMT_TRACE(kTraceFlow, "success. result = [%d], mode = [%d]", static_cast<int>(rc), static_cast<int>(value));
+    return kSuccess;
 }
 
 unsigned int zel_fnd_authentication::set_auth_mode(ESV_ZEL_USER_AUTHMODE mode) {
-    long rc = facade()->esv_zel_user_set_authentication_mode(mode);
-    if (rc == 0) {
-        CMT_TRACE(kTraceFlow, "success. result = [%d]", static_cast<int>(rc));
-        return kSuccess;
-    }
-    CMT_TRACE(kTraceFlow, "failed. result = [%d]", static_cast<int>(rc));
-    return kFailure;
+    return result(__func__, facade()->esv_zel_user_set_authentication_mode(mode));
 }
 
-// Every failure shares one text, the one the two-string form was given.
 unsigned int zel_fnd_authentication::get_rights(const std::string& user, const std::string& password,
                                                 ZEL_FND_USER_ACCESS_LEVEL& level) {
     ESV_ZEL_USER_RIGHTS value = level.level;
     long rc = facade()->esv_zel_user_get_rights(user, password, &value);
-    if (rc == 0) {
-        level.level = value;
-        CMT_TRACE(kTraceFlow, "success. result = [%d], level = [%d]", static_cast<int>(rc), static_cast<int>(value));
-        return kSuccess;
-    }
-    CMT_TRACE(kTraceFlow, "failed. result = %d", static_cast<int>(rc));
-    if (rc == kFacadeInvalidPassword) return kInvalidPassword;
-    if (rc == kFacadeNotFound) return kNotFound;
-    return kFailure;
+    return rights_result(__func__, "result", rc, value, level);
 }
 
 unsigned int zel_fnd_authentication::get_rights(const std::string& user, const std::string& password,
@@ -162,15 +148,7 @@ unsigned int zel_fnd_authentication::get_rights(const std::string& user, const s
     CMT_TRACE(kTraceFlow, "[Start]");
     ESV_ZEL_USER_RIGHTS value = level.level;
     long rc = facade()->esv_zel_user_get_rights(user, password, third, &value);
-    if (rc == 0) {
-        level.level = value;
-        CMT_TRACE(kTraceFlow, "success. retcode = [%d], level = [%d]", static_cast<int>(rc), static_cast<int>(value));
-        return kSuccess;
-    }
-    CMT_TRACE(kTraceFlow, "failed. result = %d", static_cast<int>(rc));
-    if (rc == kFacadeInvalidPassword) return kInvalidPassword;
-    if (rc == kFacadeNotFound) return kNotFound;
-    return kFailure;
+    return rights_result(__func__, "retcode", rc, value, level);
 }
 
 unsigned int zel_fnd_authentication::set_func_login_mode(ESV_ZEL_MODE_10_VAL mode) {

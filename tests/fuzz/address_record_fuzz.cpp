@@ -35,7 +35,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::uint8_t* r = copy.data();
     check_text(r, 0, 193, f.name, sizeof f.name);
     check_text(r, 193, 193, f.pronunciation, sizeof f.pronunciation);
-    check_text(r, 1037, 131, f.smb_password, sizeof f.smb_password);
+    check_text(r, 1037, 131, f.smb.password, sizeof f.smb.password);
     check_text(r, 1168, 36, f.fax_num, sizeof f.fax_num);
     check_text(r, 1209, 21, f.fax_address, sizeof f.fax_address);
     check_text(r, 1641, 195, f.department, sizeof f.department);
@@ -45,6 +45,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (f.file_type != static_cast<signed char>(value32(r, 1984) & 0xFF)) std::abort();
     std::uint16_t port;
     std::memcpy(&port, r + 580, sizeof port);
-    if (f.ftp_port != port) std::abort();
+    if (f.ftp.port != port) std::abort();
     return 0;
 }

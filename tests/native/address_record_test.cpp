@@ -30,6 +30,15 @@ std::size_t at(const ESV_ZEL_PERSONAL_ADDRESS& a, const void* member) {
     return static_cast<std::size_t>(static_cast<const unsigned char*>(member) - bytes(a));
 }
 
+void expect_server(const tarnwick::cmt_address_server_fields& s, const char* host, const char* path, int port,
+                   const char* login_name, const char* password) {
+    EXPECT_STREQ(host, s.host);
+    EXPECT_STREQ(path, s.path);
+    EXPECT_EQ(port, s.port);
+    EXPECT_STREQ(login_name, s.login_name);
+    EXPECT_STREQ(password, s.password);
+}
+
 }  // namespace
 
 TEST(AddressRecord, LayoutOfTheDevice) {
@@ -79,8 +88,8 @@ TEST(AddressRecord, PortsAndBytes) {
     a.fax_info.cipher_box_set = 3;
     a.fax_info.cipher_box_no = 127;
     cmt_address_record_fields f = read(a);
-    EXPECT_EQ(21, f.ftp_port);
-    EXPECT_EQ(65535, f.smb_port);
+    EXPECT_EQ(21, f.ftp.port);
+    EXPECT_EQ(65535, f.smb.port);
     EXPECT_EQ(-3, f.ecm);
     EXPECT_EQ(1, f.encode);
     EXPECT_EQ(2, f.encode_id);
@@ -93,16 +102,8 @@ TEST(AddressRecord, EveryTextOfAGeneratedEntry) {
     EXPECT_STREQ("Person 00042", f.name);
     EXPECT_STREQ("person 00042", f.pronunciation);
     EXPECT_STREQ("person00042@mfp.test", f.mail_address);
-    EXPECT_STREQ("ftp00042.mfp.test", f.ftp_host);
-    EXPECT_STREQ("/scan/00042", f.ftp_path);
-    EXPECT_EQ(1042, f.ftp_port);
-    EXPECT_STREQ("ftpuser00042", f.ftp_login_name);
-    EXPECT_STREQ("ftppw00042", f.ftp_password);
-    EXPECT_STREQ("smb00042.mfp.test", f.smb_host);
-    EXPECT_STREQ("share/00042", f.smb_path);
-    EXPECT_EQ(2042, f.smb_port);
-    EXPECT_STREQ("smbuser00042", f.smb_login_name);
-    EXPECT_STREQ("smbpw00042", f.smb_password);
+    expect_server(f.ftp, "ftp00042.mfp.test", "/scan/00042", 1042, "ftpuser00042", "ftppw00042");
+    expect_server(f.smb, "smb00042.mfp.test", "share/00042", 2042, "smbuser00042", "smbpw00042");
     EXPECT_STREQ("031200042", f.fax_num);
     EXPECT_EQ(0, f.bitrate_type);
     EXPECT_EQ(0, f.ecm);
@@ -131,7 +132,7 @@ TEST(AddressRecord, UnterminatedTextsStopAtTheirWidth) {
     cmt_address_record_fields f = read(a);
     EXPECT_EQ(std::string(193, 'n'), f.name);
     EXPECT_EQ(std::string(193, 'f'), f.pronunciation);
-    EXPECT_EQ(std::string(131, 'p'), f.smb_password);
+    EXPECT_EQ(std::string(131, 'p'), f.smb.password);
     EXPECT_STREQ("", f.fax_num);
     // The sub-address password never joins the sub-address.
     EXPECT_EQ(std::string(21, '7'), f.fax_address);

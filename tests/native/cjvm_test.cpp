@@ -15,19 +15,19 @@ using tarnwick::CJvm;
 
 namespace {
 
-JNIEnv* const kSomeEnv = reinterpret_cast<JNIEnv*>(0x1000);
+using fake_jvm::kSomeEnv;
 
-class CJvmTest : public ::testing::Test {
+class CJvmTest : public fake_jvm::FakeVmTest {
 protected:
     void SetUp() override {
-        fake_jvm::reset();
-        fake_jvm::control().env = kSomeEnv;
+        FakeVmTest::SetUp();
         CJvm::ms_jvm = nullptr;
         CJvm::ms_jnienv = nullptr;
     }
     void TearDown() override {
         CJvm::ms_jvm = nullptr;
         CJvm::ms_jnienv = nullptr;
+        FakeVmTest::TearDown();
     }
     static std::string stdout_of(void (*fn)()) {
         ::testing::internal::CaptureStdout();

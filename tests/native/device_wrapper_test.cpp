@@ -1,15 +1,14 @@
 // The device modules' exported wrapper functions called by their C names, on the host and on
 // the PowerPC target: narrowing and widening of numbers, the signed char, one-element output
-// arrays and the Java exceptions of refused arguments. A small stand-in environment holds the
-// few JNI functions these wrappers reach.
+// arrays and the Java exceptions of refused arguments, in the stand-in VM.
 #include <gtest/gtest.h>
 #include <jni.h>
 
-#include <cstring>
 #include <string>
 #include <vector>
 
 #include "sim_fixture.h"
+#include "stand_in_vm.h"
 #include "tovr_sim_device.h"
 #include "tovr_sim_job.h"
 
@@ -55,160 +54,106 @@ jint APPW(cmt_1appinfo_1proxy_1set_1value)(JNIEnv*, jclass, jlong, jobject, jint
 
 namespace {
 
-// A Java long[] as the stand-in environment sees it.
-struct LongArray {
-    std::vector<jlong> elements;
-};
-
-// The exceptions thrown through the stand-in environment, as "class: message".
-std::vector<std::string>& thrown() {
-    static std::vector<std::string> t;
-    return t;
-}
-
-jsize JNICALL array_length(JNIEnv*, jarray a) { return static_cast<jsize>(reinterpret_cast<LongArray*>(a)->elements.size()); }
-
-void JNICALL set_long_region(JNIEnv*, jlongArray a, jsize start, jsize len, const jlong* buf) {
-    auto& e = reinterpret_cast<LongArray*>(a)->elements;
-    for (jsize i = 0; i < len; ++i) e.at(static_cast<std::size_t>(start + i)) = buf[i];
-}
-
-void JNICALL get_long_region(JNIEnv*, jlongArray a, jsize start, jsize len, jlong* buf) {
-    auto& e = reinterpret_cast<LongArray*>(a)->elements;
-    for (jsize i = 0; i < len; ++i) buf[i] = e.at(static_cast<std::size_t>(start + i));
-}
-
-void JNICALL exception_clear(JNIEnv*) {}
-
-std::string g_class;
-jclass JNICALL find_class(JNIEnv*, const char* name) {
-    g_class = name;
-    static int token;
-    return reinterpret_cast<jclass>(&token);
-}
-
-jint JNICALL throw_new(JNIEnv*, jclass, const char* msg) {
-    thrown().push_back(g_class + ": " + msg);
-    return 0;
-}
-
-void JNICALL delete_local_ref(JNIEnv*, jobject) {}
-
-struct StandInEnv {
-    JNINativeInterface_ table;
-    JNIEnv env;
-    StandInEnv() {
-        std::memset(&table, 0, sizeof table);
-        table.GetArrayLength = array_length;
-        table.SetLongArrayRegion = set_long_region;
-        table.GetLongArrayRegion = get_long_region;
-        table.ExceptionClear = exception_clear;
-        table.FindClass = find_class;
-        table.ThrowNew = throw_new;
-        table.DeleteLocalRef = delete_local_ref;
-        env.functions = &table;
-    }
-};
-
-jlongArray as_java(LongArray& a) { return reinterpret_cast<jlongArray>(&a); }
+// The elements of a long[] of the stand-in VM.
+std::vector<jlong>& longs(jlongArray a) { return stand_in::O(a)->longs; }
 
 class DeviceWrapper : public sim_test::SimDeviceTest {
 protected:
     void SetUp() override {
         SimDeviceTest::SetUp();
-        thrown().clear();
-        info = SYSW(new_1CMT_1System_1Info)(&s.env, nullptr);
+        info = SYSW(new_1CMT_1System_1Info)(env, nullptr);
     }
     void TearDown() override {
-        SYSW(delete_1CMT_1System_1Info)(&s.env, nullptr, info);
+        SYSW(delete_1CMT_1System_1Info)(env, nullptr, info);
         SimDeviceTest::TearDown();
     }
-    StandInEnv s;
+    stand_in::Vm vm{{}};
+    JNIEnv* const env = vm.env();
     jlong info = 0;
 };
 
 TEST_F(DeviceWrapper, OutputArrayIsZeroExtendedAndOnlyElementZeroWritten) {
     tovr_sim::sysinfo_set_model_type(0xFFFFFFF0u);
-    LongArray out{{5, 6}};
-    EXPECT_EQ(0, SYSW(CMT_1System_1Info_1get_1model_1type)(&s.env, nullptr, info, nullptr, as_java(out)));
-    EXPECT_EQ((std::vector<jlong>{4294967280LL, 6}), out.elements);
+    jlongArray out = vm.long_array({5, 6});
+    EXPECT_EQ(0, SYSW(CMT_1System_1Info_1get_1model_1type)(env, nullptr, info, nullptr, out));
+    EXPECT_EQ((std::vector<jlong>{4294967280LL, 6}), longs(out));
     tovr_sim::force_result("esv_zel_systeminfo_get_model_type", ESV_ZEL_SYSINFO_ERROR);
-    EXPECT_EQ(2, SYSW(CMT_1System_1Info_1get_1model_1type)(&s.env, nullptr, info, nullptr, as_java(out)));
-    EXPECT_EQ(0, out.elements[0]);  // written back also when the call failed
-    EXPECT_TRUE(thrown().empty());
+    EXPECT_EQ(2, SYSW(CMT_1System_1Info_1get_1model_1type)(env, nullptr, info, nullptr, out));
+    EXPECT_EQ(0, longs(out)[0]);  // written back also when the call failed
+    EXPECT_TRUE(vm.thrown.empty());
 }
 
 TEST_F(DeviceWrapper, CountKeepsThirtyTwoBits) {
     tovr_sim::sysinfo_set_count(tovr_sim::kCountKindPrint, 2, 1, 0xFFFFFFFFu);
-    jlong c = SYSW(new_1ESV_1ZEL_1COUNT_1INFO)(&s.env, nullptr);
-    SYSW(ESV_1ZEL_1COUNT_1INFO_1count_1kind_1set)(&s.env, nullptr, c, nullptr, 0x101);  // low byte 1
-    EXPECT_EQ(1, SYSW(ESV_1ZEL_1COUNT_1INFO_1count_1kind_1get)(&s.env, nullptr, c, nullptr));
-    SYSW(ESV_1ZEL_1COUNT_1INFO_1paper_1size_1set)(&s.env, nullptr, c, nullptr, 2);
-    SYSW(ESV_1ZEL_1COUNT_1INFO_1color_1info_1set)(&s.env, nullptr, c, nullptr, 1);
-    LongArray out{{0}};
-    EXPECT_EQ(0, SYSW(CMT_1System_1Info_1get_1count)(&s.env, nullptr, info, nullptr, c, nullptr, as_java(out)));
-    EXPECT_EQ(4294967295LL, out.elements[0]);
-    SYSW(ESV_1ZEL_1COUNT_1INFO_1count_1kind_1set)(&s.env, nullptr, 0, nullptr, 1);  // null record: ignored
-    SYSW(delete_1ESV_1ZEL_1COUNT_1INFO)(&s.env, nullptr, c);
-    SYSW(delete_1ESV_1ZEL_1COUNT_1INFO)(&s.env, nullptr, 0);
+    jlong c = SYSW(new_1ESV_1ZEL_1COUNT_1INFO)(env, nullptr);
+    SYSW(ESV_1ZEL_1COUNT_1INFO_1count_1kind_1set)(env, nullptr, c, nullptr, 0x101);  // low byte 1
+    EXPECT_EQ(1, SYSW(ESV_1ZEL_1COUNT_1INFO_1count_1kind_1get)(env, nullptr, c, nullptr));
+    SYSW(ESV_1ZEL_1COUNT_1INFO_1paper_1size_1set)(env, nullptr, c, nullptr, 2);
+    SYSW(ESV_1ZEL_1COUNT_1INFO_1color_1info_1set)(env, nullptr, c, nullptr, 1);
+    jlongArray out = vm.long_array({0});
+    EXPECT_EQ(0, SYSW(CMT_1System_1Info_1get_1count)(env, nullptr, info, nullptr, c, nullptr, out));
+    EXPECT_EQ(4294967295LL, longs(out)[0]);
+    SYSW(ESV_1ZEL_1COUNT_1INFO_1count_1kind_1set)(env, nullptr, 0, nullptr, 1);  // null record: ignored
+    SYSW(delete_1ESV_1ZEL_1COUNT_1INFO)(env, nullptr, c);
+    SYSW(delete_1ESV_1ZEL_1COUNT_1INFO)(env, nullptr, 0);
 }
 
 TEST_F(DeviceWrapper, RefusedArgumentsThrowAndReachNoFacade) {
-    LongArray empty;
-    EXPECT_EQ(0, SYSW(CMT_1System_1Info_1get_1model_1type)(&s.env, nullptr, info, nullptr, as_java(empty)));
-    EXPECT_EQ(0, SYSW(CMT_1System_1Info_1get_1model_1type)(&s.env, nullptr, info, nullptr, nullptr));
-    LongArray out{{0}};
-    EXPECT_EQ(0, SYSW(CMT_1System_1Info_1get_1count)(&s.env, nullptr, info, nullptr, 0, nullptr, as_java(out)));
+    jlongArray empty = vm.long_array({});
+    EXPECT_EQ(0, SYSW(CMT_1System_1Info_1get_1model_1type)(env, nullptr, info, nullptr, empty));
+    EXPECT_EQ(0, SYSW(CMT_1System_1Info_1get_1model_1type)(env, nullptr, info, nullptr, nullptr));
+    jlongArray out = vm.long_array({0});
+    EXPECT_EQ(0, SYSW(CMT_1System_1Info_1get_1count)(env, nullptr, info, nullptr, 0, nullptr, out));
     EXPECT_EQ((std::vector<std::string>{"java/lang/IndexOutOfBoundsException: Array must contain at least 1 element",
                                         "java/lang/NullPointerException: array null",
                                         "java/lang/NullPointerException: ESV_ZEL_COUNT_INFO & reference is null"}),
-              thrown());
+              vm.thrown);
     EXPECT_TRUE(tovr_sim::calls().empty());
 }
 
 TEST_F(DeviceWrapper, CidAndDateNarrowToThirtyTwoBits) {
     tovr_sim::sysinfo_set_machine_info(3, 5, 9);
-    LongArray out{{0}};
-    EXPECT_EQ(0, SYSW(CMT_1System_1Info_1get_1machine_1info_1_1SWIG_10)(&s.env, nullptr, info, nullptr, 3, 0x100000005LL,
-                                                                        as_java(out)));
-    EXPECT_EQ(9, out.elements[0]);
+    jlongArray out = vm.long_array({0});
+    EXPECT_EQ(0, SYSW(CMT_1System_1Info_1get_1machine_1info_1_1SWIG_10)(env, nullptr, info, nullptr, 3, 0x100000005LL,
+                                                                        out));
+    EXPECT_EQ(9, longs(out)[0]);
     EXPECT_EQ((std::vector<Line>{{3, "get_machine_info,(key = [3], cid = [5], value = [9])"},
                                  {3, "convert_retcode,ESV_ZEL_SYSINFO_OK"}}),
               sim_test::lines_of("cmt_system_info"));
-    EXPECT_EQ(2, SYSW(CMT_1System_1Info_1set_1wakeup_1date)(&s.env, nullptr, info, nullptr, 6, 2147483649LL));
+    EXPECT_EQ(2, SYSW(CMT_1System_1Info_1set_1wakeup_1date)(env, nullptr, info, nullptr, 6, 2147483649LL));
     EXPECT_EQ((std::vector<std::string>{"6", "-2147483647"}), args_of("esv_zel_set_wakeup_date")[0]);
 }
 
 TEST_F(DeviceWrapper, LongValueIsThirtyTwoBitsSigned) {
-    EXPECT_EQ(JNI_TRUE, SYSW(CMT_1System_1Info_1set_1long_1value)(&s.env, nullptr, info, nullptr, 8, -2));
-    EXPECT_EQ(-2, SYSW(CMT_1System_1Info_1get_1long_1value)(&s.env, nullptr, info, nullptr, 8));
-    EXPECT_EQ(0, SYSW(CMT_1System_1Info_1get_1retcode)(&s.env, nullptr, info, nullptr));
-    EXPECT_EQ(256, SYSW(ESV_1ZEL_1MAX_1DOC_1NAME_1get)(&s.env, nullptr));
-    EXPECT_EQ(1531, SYSW(ESV_1ZEL_1MAX_1NODE_1NAME_1get)(&s.env, nullptr));
+    EXPECT_EQ(JNI_TRUE, SYSW(CMT_1System_1Info_1set_1long_1value)(env, nullptr, info, nullptr, 8, -2));
+    EXPECT_EQ(-2, SYSW(CMT_1System_1Info_1get_1long_1value)(env, nullptr, info, nullptr, 8));
+    EXPECT_EQ(0, SYSW(CMT_1System_1Info_1get_1retcode)(env, nullptr, info, nullptr));
+    EXPECT_EQ(256, SYSW(ESV_1ZEL_1MAX_1DOC_1NAME_1get)(env, nullptr));
+    EXPECT_EQ(1531, SYSW(ESV_1ZEL_1MAX_1NODE_1NAME_1get)(env, nullptr));
 }
 
 TEST_F(DeviceWrapper, ReaderTypeIsSignedOnEveryTarget) {
-    jlong card = ICW(new_1CMT_1Device_1ICCard)(&s.env, nullptr);
-    EXPECT_EQ(-1, ICW(CMT_1Device_1ICCard_1READER_1UNKNOWN_1get)(&s.env, nullptr));
-    EXPECT_EQ(2, ICW(CMT_1Device_1ICCard_1READ_1FELICA_1get)(&s.env, nullptr));
-    EXPECT_EQ(JNI_TRUE, ICW(CMT_1Device_1ICCard_1setReaderType)(&s.env, nullptr, card, nullptr, 200));
+    jlong card = ICW(new_1CMT_1Device_1ICCard)(env, nullptr);
+    EXPECT_EQ(-1, ICW(CMT_1Device_1ICCard_1READER_1UNKNOWN_1get)(env, nullptr));
+    EXPECT_EQ(2, ICW(CMT_1Device_1ICCard_1READ_1FELICA_1get)(env, nullptr));
+    EXPECT_EQ(JNI_TRUE, ICW(CMT_1Device_1ICCard_1setReaderType)(env, nullptr, card, nullptr, 200));
     EXPECT_EQ((std::vector<Line>{{3, "setReaderType,[Enter] card_device_type = -56"}, {3, "setReaderType,true!!"}}),
               sim_test::lines_of("cmt_device_iccard"));
     EXPECT_EQ((std::vector<std::string>{"200"}), args_of("esv_zel_acc_set_iccard_read_type")[0]);
     EXPECT_EQ(0xC8, tovr_sim::acc_read_type());
-    EXPECT_EQ(0, ICW(CMT_1Device_1ICCard_1getTypeCBlockNum)(&s.env, nullptr, card, nullptr, 1, 7));
-    ICW(delete_1CMT_1Device_1ICCard)(&s.env, nullptr, card);
-    ICW(delete_1CMT_1Device_1ICCard)(&s.env, nullptr, 0);
+    EXPECT_EQ(0, ICW(CMT_1Device_1ICCard_1getTypeCBlockNum)(env, nullptr, card, nullptr, 1, 7));
+    ICW(delete_1CMT_1Device_1ICCard)(env, nullptr, card);
+    ICW(delete_1CMT_1Device_1ICCard)(env, nullptr, 0);
 }
 
 TEST_F(DeviceWrapper, AppInfoValueAsIntAndAsUnsignedLong) {
-    jlong p = APPW(new_1cmt_1appinfo_1proxy)(&s.env, nullptr);
-    EXPECT_EQ(0, APPW(cmt_1appinfo_1proxy_1set_1value)(&s.env, nullptr, p, nullptr, 4, -1));
-    EXPECT_EQ(-1, APPW(cmt_1appinfo_1proxy_1get_1value)(&s.env, nullptr, p, nullptr, 4));
-    EXPECT_EQ(4294967295LL, APPW(cmt_1appinfo_1proxy_1get_1long_1value)(&s.env, nullptr, p, nullptr, 4));
-    EXPECT_EQ(0, APPW(cmt_1appinfo_1proxy_1get_1value)(&s.env, nullptr, p, nullptr, 5));
-    APPW(delete_1cmt_1appinfo_1proxy)(&s.env, nullptr, p);
-    APPW(delete_1cmt_1appinfo_1proxy)(&s.env, nullptr, 0);
+    jlong p = APPW(new_1cmt_1appinfo_1proxy)(env, nullptr);
+    EXPECT_EQ(0, APPW(cmt_1appinfo_1proxy_1set_1value)(env, nullptr, p, nullptr, 4, -1));
+    EXPECT_EQ(-1, APPW(cmt_1appinfo_1proxy_1get_1value)(env, nullptr, p, nullptr, 4));
+    EXPECT_EQ(4294967295LL, APPW(cmt_1appinfo_1proxy_1get_1long_1value)(env, nullptr, p, nullptr, 4));
+    EXPECT_EQ(0, APPW(cmt_1appinfo_1proxy_1get_1value)(env, nullptr, p, nullptr, 5));
+    APPW(delete_1cmt_1appinfo_1proxy)(env, nullptr, p);
+    APPW(delete_1cmt_1appinfo_1proxy)(env, nullptr, 0);
 }
 
 }  // namespace

@@ -27,6 +27,7 @@
 #include "zel_fnd_panel_observer.h"
 #include "zel_fnd_panel_proxy.h"
 #include "sim_fixture.h"
+#include "observer_stubs.h"
 
 using tarnwick::zel_fnd_card_system;
 using tarnwick::zel_fnd_decode_card_data;
@@ -295,12 +296,8 @@ bool eventually(Pred done) {
     return done();
 }
 
-class CoverObserver : public tarnwick::esv_zel_common_observer {
+class CoverObserver : public sim_test::CommonObserverStub {
 public:
-    unsigned long notify_key_card_status(unsigned char) override { return 0; }
-    unsigned long notify_key_counter_status(unsigned int) override { return 0; }
-    unsigned long notify_resident_app_state_changed(ESV_ZEL_REQ_APP_STATE) override { return 0; }
-    unsigned long notify_waste_toner_bottle_status(unsigned char) override { return 0; }
     unsigned long notify_cover_status(unsigned int status) override {
         if (status == 1 && meeting != nullptr) {
             met = meeting->meet();
@@ -310,16 +307,6 @@ public:
         on_own_thread.push_back(tovr_sim::common_facade().on_facade_thread());
         return 0;
     }
-    unsigned long notify_paper_rest_status(unsigned short, unsigned char) override { return 0; }
-    unsigned long notify_toner_status(unsigned char, unsigned char) override { return 0; }
-    unsigned long notify_coin_vender_status(unsigned int) override { return 0; }
-    unsigned long notify_usb_memory_status(unsigned int) override { return 0; }
-    unsigned long notify_sleep(ESV_ZEL_EVENT_SLEEP_STATE) override { return 0; }
-    unsigned long notify_pbp_connection_error(ESV_ZEL_EVENT_CONNECTION_ERROR) override { return 0; }
-    unsigned long notify_logout(unsigned long) override { return 0; }
-    unsigned long network_state_changed(ESV_ZEL_NETWORK_TYPE) override { return 0; }
-    unsigned long service_state_changed(ESV_ZEL_ACCEPTANCE_TYPE) override { return 0; }
-    unsigned long request_activate(ESV_ZEL_KIND_OF_SCENARIO, unsigned int) override { return 0; }
 
     Rendezvous* meeting = nullptr;
     bool met = false;

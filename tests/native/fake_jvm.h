@@ -3,6 +3,7 @@
 #ifndef TOVR_TESTS_FAKE_JVM_H
 #define TOVR_TESTS_FAKE_JVM_H
 
+#include <gtest/gtest.h>
 #include <jni.h>
 
 namespace fake_jvm {
@@ -26,6 +27,19 @@ Control& control();
 JavaVM* vm();
 // Back to a present VM with every counter at 0.
 void reset();
+
+// An environment the fake VM hands out and no test dereferences.
+JNIEnv* const kSomeEnv = reinterpret_cast<JNIEnv*>(0x1000);
+
+// A test on a present fake VM that hands out kSomeEnv, back to its initial state afterwards.
+class FakeVmTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        reset();
+        control().env = kSomeEnv;
+    }
+    void TearDown() override { reset(); }
+};
 
 }  // namespace fake_jvm
 

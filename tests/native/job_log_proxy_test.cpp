@@ -20,35 +20,6 @@ protected:
     zel_fnd_job_log_proxy proxy;
 };
 
-TEST_F(JobLogProxy, ConvertRetcodeFullTable) {
-    struct Row {
-        long code;
-        int result;
-        const char* message;
-    };
-    const Row rows[] = {
-        {0x00000000, 0, "rc = ESV_ZEL_JOBINFO_OK."},
-        {0x04010001, 1, "rc = ESV_ZEL_JOBINFO_ERROR."},
-        {0x04010002, 2, "rc = ESV_ZEL_JOBINFO_DUPL_OBSERVER."},
-        {0x04010003, 3, "rc = ESV_ZEL_JOBINFO_NO_OBSERVER."},
-        {0x04010004, 4, "rc = ESV_ZEL_JOBINFO_PARAM_ERROR."},
-        {0x04010005, 5, "rc = ESV_ZEL_JOBINFO_NOT_FOUND_ERROR."},
-        {0x04010006, 6, "rc = ESV_ZEL_JOBINFO_ERROR_OUT_OF_RANGE."},
-        {0x04010007, 7, "rc = ESV_ZEL_JOBINFO_ERROR_CRITICAL."},
-        {0x04010008, 8, "rc = ESV_ZEL_JOBINFO_IPC_ERROR."},
-        {0x04010009, 9, "rc = ESV_ZEL_JOBINFO_LIST_OPERATE_ERROR."},
-        {0x0401000A, 1, "rc = ESV_ZEL_JOBINFO_ERROR."},
-        {0x0401000D, 1, "rc = ESV_ZEL_JOBINFO_ERROR."},
-        {1, 1, "rc = ESV_ZEL_JOBINFO_ERROR."},
-        {-1, 1, "rc = ESV_ZEL_JOBINFO_ERROR."},
-    };
-    for (const Row& r : rows) {
-        tovr_sim::clear_trace();
-        EXPECT_EQ(r.result, proxy.convert_retcode(r.code)) << std::hex << r.code;
-        EXPECT_EQ((std::vector<Line>{{3, std::string("convert_retcode,") + r.message}}), log_lines());
-    }
-}
-
 TEST_F(JobLogProxy, EachOperationMakesItsOneCallWithItsTraces) {
     ESV_ZEL_JOBINFO_JOBLOG log{};
     ESV_ZEL_JOBINFO_SEND_INFO send{};

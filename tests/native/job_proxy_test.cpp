@@ -29,41 +29,6 @@ protected:
     zel_fnd_job_proxy proxy;
 };
 
-struct Row {
-    long code;
-    int result;
-    const char* message;
-    int level;
-};
-
-TEST_F(JobProxy, ConvertRetcodeFullTable) {
-    const Row rows[] = {
-        {0x00000000, 0, "code = ESV_ZEL_JOB_OK", 3},
-        {0x04010002, 2, "code = ESV_ZEL_JOB_DUPL_OBSERVER", 3},
-        {0x04010003, 3, "code = ESV_ZEL_JOB_NO_OBSERVER", 3},
-        {0x04010004, 4, "code = ESV_ZEL_JOB_OUTPUT_PROHIBITING", 3},
-        {0x04010005, 5, "code = ESV_ZEL_JOB_START_PROHIBITION", 3},
-        {0x04010006, 6, "code = ESV_ZEL_JOB_LIMIT", 3},
-        {0x04010007, 7, "code = ESV_ZEL_JOB_IPC_ERROR", 3},
-        {0x04010008, 8, "code = ESV_ZEL_JOB_PARAM_ERROR", 3},
-        {0x04010009, 9, "code = ESV_ZEL_JOB_COPY_JOBINFO_LIMIT_OVER", 3},
-        {0x0401000A, 10, "code = ESV_ZEL_JOB_RET_NOT_COPY_JOBINFO", 3},
-        {0x0401000B, 11, "code = ESV_ZEL_JOB_NO_CATEGORY", 3},
-        {0x0401000C, 12, "code = ESV_ZEL_NO_HIT_JOB", 3},
-        {0x0401000D, 13, "code = ESV_ZEL_JOB_ORG_SIZE_UNDEFINED", 3},
-        {0x04010001, 1, "code = unknown(0x04010001)", 0},
-        {0x0401000E, 1, "code = unknown(0x0401000e)", 0},
-        {0x00000001, 1, "code = unknown(0x00000001)", 0},
-        {-1, 1, "code = unknown(0xffffffff)", 0},
-        {-2147483647L - 1, 1, "code = unknown(0x80000000)", 0},
-    };
-    for (const Row& r : rows) {
-        tovr_sim::clear_trace();
-        EXPECT_EQ(r.result, proxy.convert_retcode(r.code)) << std::hex << r.code;
-        EXPECT_EQ((std::vector<Line>{{r.level, std::string("convert_retcode,") + r.message}}), proxy_lines());
-    }
-}
-
 TEST_F(JobProxy, CharArraySizes) {
     const unsigned int sizes[] = {64, 128, 64, 64, 64, 128, 128, 128, 128};
     for (int key = 0; key <= 8; ++key) {

@@ -138,21 +138,24 @@ void JNICALL set_object_field(JNIEnv*, jobject o, jfieldID id, jobject v) {
     vm().check();
     O(o)->refs[member_name(id)] = O(v);
 }
-void JNICALL set_byte_field(JNIEnv*, jobject o, jfieldID id, jbyte v) {
+// Every whole-number field (byte, int, long, boolean) is kept as a number.
+template <class T>
+void JNICALL set_number_field(JNIEnv*, jobject o, jfieldID id, T v) {
     vm().check();
     O(o)->ints[member_name(id)] = v;
 }
-void JNICALL set_int_field(JNIEnv*, jobject o, jfieldID id, jint v) {
+jsize JNICALL get_array_length(JNIEnv*, jarray a) {
     vm().check();
-    O(o)->ints[member_name(id)] = v;
+    const Obj* o = O(a);
+    return static_cast<jsize>(o->cls == "[J" ? o->longs.size() : o->elements.size());
 }
-void JNICALL set_long_field(JNIEnv*, jobject o, jfieldID id, jlong v) {
+void JNICALL set_long_array_region(JNIEnv*, jlongArray a, jsize start, jsize len, const jlong* buf) {
     vm().check();
-    O(o)->ints[member_name(id)] = v;
+    for (jsize i = 0; i < len; ++i) O(a)->longs.at(static_cast<std::size_t>(start + i)) = buf[i];
 }
-void JNICALL set_boolean_field(JNIEnv*, jobject o, jfieldID id, jboolean v) {
+void JNICALL get_long_array_region(JNIEnv*, jlongArray a, jsize start, jsize len, jlong* buf) {
     vm().check();
-    O(o)->ints[member_name(id)] = v;
+    for (jsize i = 0; i < len; ++i) buf[i] = O(a)->longs.at(static_cast<std::size_t>(start + i));
 }
 jobjectArray JNICALL new_object_array(JNIEnv*, jsize n, jclass c, jobject) {
     vm().check();
@@ -272,11 +275,14 @@ Vm::Vm(std::set<std::string> classes) : classes_(std::move(classes)), previous_(
     functions_.NewObjectV = new_object_v;
     functions_.NewStringUTF = new_string_utf;
     functions_.SetObjectField = set_object_field;
-    functions_.SetByteField = set_byte_field;
-    functions_.SetIntField = set_int_field;
-    functions_.SetLongField = set_long_field;
-    functions_.SetBooleanField = set_boolean_field;
+    functions_.SetByteField = set_number_field<jbyte>;
+    functions_.SetIntField = set_number_field<jint>;
+    functions_.SetLongField = set_number_field<jlong>;
+    functions_.SetBooleanField = set_number_field<jboolean>;
     functions_.NewObjectArray = new_object_array;
+    functions_.GetArrayLength = get_array_length;
+    functions_.SetLongArrayRegion = set_long_array_region;
+    functions_.GetLongArrayRegion = get_long_array_region;
     functions_.SetObjectArrayElement = set_object_array_element;
     functions_.PushLocalFrame = push_local_frame;
     functions_.PopLocalFrame = pop_local_frame;
@@ -309,6 +315,12 @@ Obj* Vm::make(Obj::Kind kind, const std::string& cls) {
     heap_.back()->kind = kind;
     heap_.back()->cls = cls;
     return heap_.back().get();
+}
+
+jlongArray Vm::long_array(std::vector<jlong> values) {
+    Obj* a = make(Obj::kArray, "[J");
+    a->longs = std::move(values);
+    return reinterpret_cast<jlongArray>(a);
 }
 
 jstring Vm::string(const std::string& text) {

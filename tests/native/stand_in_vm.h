@@ -9,7 +9,7 @@
 // so CJvm::GetJNIEnv() hands it out; destroying it restores the previous state. Method calls:
 // ArrayList.add appends to `elements`; setAttribute keeps the attribute under its class name;
 // Calendar.getInstance, set and getTime make a calendar and a date; a constructor taking an
-// object keeps it under "value".
+// object keeps it under "value". A long[] is read and written through its `longs`.
 #ifndef TOVR_TESTS_STAND_IN_VM_H
 #define TOVR_TESTS_STAND_IN_VM_H
 
@@ -23,7 +23,8 @@
 
 namespace stand_in {
 
-// One Java object: a class, a string, an array or a plain object.
+// One Java object: a class, a string, an array (of objects, or a long[] of class "[J") or a
+// plain object.
 struct Obj {
     enum Kind { kClass, kString, kArray, kPlain } kind;
     std::string cls;  // class name (of the object, or the class itself)
@@ -31,6 +32,7 @@ struct Obj {
     std::map<std::string, Obj*> refs;
     std::map<std::string, long long> ints;
     std::vector<Obj*> elements;
+    std::vector<jlong> longs;  // a long[]'s elements
 };
 
 inline Obj* O(jobject o) { return reinterpret_cast<Obj*>(o); }
@@ -48,6 +50,7 @@ public:
     Obj* make(Obj::Kind kind, const std::string& cls);
     jstring string(const std::string& text);
     jobject object(const std::string& cls) { return J(make(Obj::kPlain, cls)); }
+    jlongArray long_array(std::vector<jlong> values);
 
     // Failures to provoke.
     std::set<std::string> missing_classes;

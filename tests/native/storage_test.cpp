@@ -22,6 +22,7 @@
 #include "tovr_sim_events.h"
 #include "tovr_sim_storage.h"
 #include "sim_fixture.h"
+#include "observer_stubs.h"
 
 using tarnwick::CMT_StorageIO;
 using tarnwick::CMT_STORAGE_TYPE;
@@ -323,27 +324,13 @@ TEST_F(Storage, ThirtyTwoBitLimits) {
 }
 
 namespace {
-class UsbObserver : public tarnwick::esv_zel_common_observer {
+class UsbObserver : public sim_test::CommonObserverStub {
 public:
     std::vector<unsigned int> statuses;
-    unsigned long notify_key_card_status(unsigned char) override { return 0; }
-    unsigned long notify_key_counter_status(unsigned int) override { return 0; }
-    unsigned long notify_resident_app_state_changed(ESV_ZEL_REQ_APP_STATE) override { return 0; }
-    unsigned long notify_waste_toner_bottle_status(unsigned char) override { return 0; }
-    unsigned long notify_cover_status(unsigned int) override { return 0; }
-    unsigned long notify_paper_rest_status(unsigned short, unsigned char) override { return 0; }
-    unsigned long notify_toner_status(unsigned char, unsigned char) override { return 0; }
-    unsigned long notify_coin_vender_status(unsigned int) override { return 0; }
     unsigned long notify_usb_memory_status(unsigned int status) override {
         statuses.push_back(status);
         return 0;
     }
-    unsigned long notify_sleep(ESV_ZEL_EVENT_SLEEP_STATE) override { return 0; }
-    unsigned long notify_pbp_connection_error(ESV_ZEL_EVENT_CONNECTION_ERROR) override { return 0; }
-    unsigned long notify_logout(unsigned long) override { return 0; }
-    unsigned long network_state_changed(ESV_ZEL_NETWORK_TYPE) override { return 0; }
-    unsigned long service_state_changed(ESV_ZEL_ACCEPTANCE_TYPE) override { return 0; }
-    unsigned long request_activate(ESV_ZEL_KIND_OF_SCENARIO, unsigned int) override { return 0; }
 };
 }  // namespace
 

@@ -12,6 +12,7 @@
 #include "tovr_sim_device.h"
 #include "tovr_sim_job.h"
 #include "tovr_sim_events.h"
+#include "observer_stubs.h"
 
 using sim_test::args_of;
 using sim_test::Line;
@@ -29,28 +30,6 @@ class SystemInfo : public sim_test::SimDeviceTest {
 protected:
     CMT_System_Info info;
 };
-
-TEST_F(SystemInfo, ConvertRetcodeEveryRow) {
-    struct Row {
-        long rc;
-        int code;
-        const char* message;
-    } rows[] = {
-        {0, 0, "ESV_ZEL_SYSINFO_OK"},
-        {0x04010501, 1, "ESV_ZEL_SYSINFO_ERROR_COMPETENCE"},
-        {0x04010502, 2, "ESV_ZEL_SYSINFO_ERROR"},
-        {0x04010503, 3, "ESV_ZEL_SYSINFO_UNSUPPORTED_ERROR"},
-        {0x04010504, 2, "default ZEL_FND_SYSINFO_ERROR"},
-        {0x04010500, 2, "default ZEL_FND_SYSINFO_ERROR"},
-        {1, 2, "default ZEL_FND_SYSINFO_ERROR"},
-        {-1, 2, "default ZEL_FND_SYSINFO_ERROR"},
-    };
-    for (const Row& r : rows) {
-        tovr_sim::clear_trace();
-        EXPECT_EQ(r.code, info.convert_retcode(r.rc)) << r.rc;
-        EXPECT_EQ(std::vector<Line>{conv(r.message)}, lines()) << r.rc;
-    }
-}
 
 TEST_F(SystemInfo, FreshObjectReportsFalseAndTwo) {
     EXPECT_FALSE(info.get_result());
@@ -240,27 +219,13 @@ TEST_F(SystemInfo, SaveModeProhibitionTracesAFailureAtLevelZero) {
 }
 
 // Records the sleep notifications the common facade delivers.
-class SleepRecorder : public tarnwick::esv_zel_common_observer {
+class SleepRecorder : public sim_test::CommonObserverStub {
 public:
     std::vector<int> states;
-    unsigned long notify_key_card_status(unsigned char) override { return 0; }
-    unsigned long notify_key_counter_status(unsigned int) override { return 0; }
-    unsigned long notify_resident_app_state_changed(ESV_ZEL_REQ_APP_STATE) override { return 0; }
-    unsigned long notify_waste_toner_bottle_status(unsigned char) override { return 0; }
-    unsigned long notify_cover_status(unsigned int) override { return 0; }
-    unsigned long notify_paper_rest_status(unsigned short, unsigned char) override { return 0; }
-    unsigned long notify_toner_status(unsigned char, unsigned char) override { return 0; }
-    unsigned long notify_coin_vender_status(unsigned int) override { return 0; }
-    unsigned long notify_usb_memory_status(unsigned int) override { return 0; }
     unsigned long notify_sleep(ESV_ZEL_EVENT_SLEEP_STATE state) override {
         states.push_back(state);
         return 0;
     }
-    unsigned long notify_pbp_connection_error(ESV_ZEL_EVENT_CONNECTION_ERROR) override { return 0; }
-    unsigned long notify_logout(unsigned long) override { return 0; }
-    unsigned long network_state_changed(ESV_ZEL_NETWORK_TYPE) override { return 0; }
-    unsigned long service_state_changed(ESV_ZEL_ACCEPTANCE_TYPE) override { return 0; }
-    unsigned long request_activate(ESV_ZEL_KIND_OF_SCENARIO, unsigned int) override { return 0; }
 };
 
 TEST_F(SystemInfo, EnergySavingRaisesTheSleepNotifications) {

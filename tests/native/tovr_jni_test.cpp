@@ -9,16 +9,9 @@ namespace jni = tarnwick::jni;
 
 namespace {
 
-JNIEnv* const kSomeEnv = reinterpret_cast<JNIEnv*>(0x1000);
+using fake_jvm::kSomeEnv;
 
-class ToolkitTest : public ::testing::Test {
-protected:
-    void SetUp() override {
-        fake_jvm::reset();
-        fake_jvm::control().env = kSomeEnv;
-    }
-    void TearDown() override { fake_jvm::reset(); }
-};
+using ToolkitTest = fake_jvm::FakeVmTest;
 
 }  // namespace
 

@@ -52,42 +52,55 @@ struct Row {
     const char* line;
 };
 
-TEST_F(Auth, LoginFourArgumentsResultTable) {
-    const Row rows[] = {
-        {0, 0, "success. result = [0], cert_id = [5]"},
-        {0x04010401, 1, "invalid password. result = [67175425]"},
-        {0x04010402, 2, "not found. result = [67175426]"},
-        {0x04010403, 4, "failed. result = [67175427]"},
-        {0x04010405, 4, "failed. result = [67175429]"},
-        {-1, 4, "failed. result = [-1]"},
-    };
+// A login operation under a table of forced facade answers.
+struct LoginTable {
+    const char* facade_op;  // the facade call whose answer is forced
+    unsigned long forced;   // the certificate that answer writes
+    unsigned long held;     // the caller's certificate before the call
+    unsigned long kept;     // the caller's certificate after it, for every row
+    const char* op;         // the operation whose trace is read
+    std::vector<Line> lead; // its lines before the row's line
+};
+
+// Each row forced as the facade's answer, then `login` on the caller's certificate: the row's
+// result, the certificate after it, and the trace of the operation.
+template <class Login>
+void expect_logins(const LoginTable& t, const std::vector<Row>& rows, Login login) {
     for (const Row& r : rows) {
         tovr_sim::clear_trace();
-        tovr_sim::force_login_output("esv_zel_user_account_login", r.code, 5);
+        tovr_sim::force_login_output(t.facade_op, r.code, t.forced);
         ZEL_FND_CERTIFICATE_ID cert;
-        EXPECT_EQ(r.result, a.login("alice", "secret", ESV_ZEL_USER_AUTHMODE_LOCAL, cert)) << r.code;
-        EXPECT_EQ(5u, cert.id);
-        std::vector<Line> expected = {{3, "[Start], cert_id=[5]"}, {3, r.line}};
-        EXPECT_EQ(expected, auth("login")) << r.code;
+        cert.id = t.held;
+        EXPECT_EQ(r.result, login(cert)) << r.code;
+        EXPECT_EQ(t.kept, cert.id) << r.code;
+        std::vector<Line> expected = t.lead;
+        expected.push_back({3, r.line});
+        EXPECT_EQ(expected, auth(t.op)) << r.code;
     }
 }
 
+TEST_F(Auth, LoginFourArgumentsResultTable) {
+    expect_logins({"esv_zel_user_account_login", 5, 0, 5, "login", {{3, "[Start], cert_id=[5]"}}},
+                  {
+                      {0, 0, "success. result = [0], cert_id = [5]"},
+                      {0x04010401, 1, "invalid password. result = [67175425]"},
+                      {0x04010402, 2, "not found. result = [67175426]"},
+                      {0x04010403, 4, "failed. result = [67175427]"},
+                      {0x04010405, 4, "failed. result = [67175429]"},
+                      {-1, 4, "failed. result = [-1]"},
+                  },
+                  [&](ZEL_FND_CERTIFICATE_ID& cert) { return a.login("alice", "secret", ESV_ZEL_USER_AUTHMODE_LOCAL, cert); });
+}
+
 TEST_F(Auth, LoginFiveArgumentsResultTable) {
-    const Row rows[] = {
-        {0, 0, "success. retcode = [0], cert_id = [9]"},
-        {0x04010401, 1, "invalid password. retcode = [67175425]"},
-        {0x04010402, 2, "not found. retcode = [67175426]"},
-        {0x04010400, 4, "failed. retcode = [67175424]"},
-    };
-    for (const Row& r : rows) {
-        tovr_sim::clear_trace();
-        tovr_sim::force_login_output("esv_zel_user_account_login", r.code, 9);
-        ZEL_FND_CERTIFICATE_ID cert;
-        EXPECT_EQ(r.result, a.login("bob", "pw", ESV_ZEL_USER_AUTHMODE_NETWORK, "corp", cert));
-        EXPECT_EQ(9u, cert.id);
-        std::vector<Line> expected = {{3, "[Start]"}, {3, "cert_id = [9]"}, {3, r.line}};
-        EXPECT_EQ(expected, auth("login"));
-    }
+    expect_logins({"esv_zel_user_account_login", 9, 0, 9, "login", {{3, "[Start]"}, {3, "cert_id = [9]"}}},
+                  {
+                      {0, 0, "success. retcode = [0], cert_id = [9]"},
+                      {0x04010401, 1, "invalid password. retcode = [67175425]"},
+                      {0x04010402, 2, "not found. retcode = [67175426]"},
+                      {0x04010400, 4, "failed. retcode = [67175424]"},
+                  },
+                  [&](ZEL_FND_CERTIFICATE_ID& cert) { return a.login("bob", "pw", ESV_ZEL_USER_AUTHMODE_NETWORK, "corp", cert); });
 }
 
 TEST_F(Auth, FailedLoginLeavesZeroWhenTheFacadeWroteNothing) {
@@ -139,21 +152,17 @@ TEST_F(Auth, LogoutTakesTheCertificateBack) {
 }
 
 TEST_F(Auth, IccardLoginResultTable) {
-    const Row rows[] = {
-        {0x04010401, 4, "failed. result = [67175425]"},
-        {0x04010402, 2, "not found. result = [67175426]"},
-        {0x04010403, 4, "failed. result = [67175427]"},
-    };
-    for (const Row& r : rows) {
-        tovr_sim::clear_trace();
-        tovr_sim::force_login_output("esv_zel_user_idm_login", r.code, 55);
-        ZEL_FND_CERTIFICATE_ID cert;
-        cert.id = 3;
-        char idm[] = "0123456789ABCDEF";
-        EXPECT_EQ(r.result, a.iccard_login(idm, cert));
-        EXPECT_EQ(3u, cert.id) << "written on success only";
-        EXPECT_EQ((std::vector<Line>{{3, r.line}}), auth("iccard_login"));
-    }
+    // The certificate is written on success only.
+    expect_logins({"esv_zel_user_idm_login", 55, 3, 3, "iccard_login", {}},
+                  {
+                      {0x04010401, 4, "failed. result = [67175425]"},
+                      {0x04010402, 2, "not found. result = [67175426]"},
+                      {0x04010403, 4, "failed. result = [67175427]"},
+                  },
+                  [&](ZEL_FND_CERTIFICATE_ID& cert) {
+                      char idm[] = "0123456789ABCDEF";
+                      return a.iccard_login(idm, cert);
+                  });
 }
 
 TEST_F(Auth, IccardLoginFindsTheCardsOwner) {

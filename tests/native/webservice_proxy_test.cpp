@@ -23,30 +23,6 @@ protected:
     zel_fnd_webservice_proxy proxy;
 };
 
-TEST_F(WebService, ConvertRetcodeEveryRow) {
-    struct Row {
-        long code;
-        int result;
-        const char* message;
-    } rows[] = {
-        {0, 0, "result = ESV_ZEL_WEBSERVICE_OK"},
-        {0x04010601, 1, "result = ESV_ZEL_WEBSERVICE_ERROR_PARAMETER"},
-        {0x04010602, 2, "result = ESV_ZEL_WEBSERVICE_ERROR_INVALID_SERVICE"},
-        {0x04010603, 3, "result = ESV_ZEL_WEBSERVICE_ERROR_ALREADY_RESERVED"},
-        {0x04010604, 4, "result = ESV_ZEL_WEBSERVICE_ERROR_DIFFERENT_HOST"},
-        {0x04010605, 5, "result = ESV_ZEL_WEBSERVICE_ERROR_FAILED"},
-        {0x04010606, 6, "result = ESV_ZEL_WEBSERVICE_ERROR_IPC"},
-        {0x04010607, 5, "result = ZEL_FND_WEBSERVICE_ERROR_FAILED"},
-        {0x04010600, 5, "result = ZEL_FND_WEBSERVICE_ERROR_FAILED"},
-        {-1, 5, "result = ZEL_FND_WEBSERVICE_ERROR_FAILED"},
-    };
-    for (const Row& r : rows) {
-        tovr_sim::clear_trace();
-        EXPECT_EQ(r.result, proxy.convert_retcode(r.code)) << r.code;
-        EXPECT_EQ((std::vector<Line>{Line{3, std::string("convert_retcode,") + r.message}}), lines());
-    }
-}
-
 TEST_F(WebService, ReserveTwiceThenAnotherHostThenRelease) {
     EXPECT_EQ(0, proxy.reserve(ESV_ZEL_WEBSERVICE_KIND_SCAN, "host-a"));
     EXPECT_EQ((std::vector<Line>{{3, "reserve,[Start]"}, {3, "reserve,[End]"},

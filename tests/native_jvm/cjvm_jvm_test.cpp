@@ -106,11 +106,18 @@ TEST(CJvmJvm, CreateJavaObjectWithoutANoArgumentConstructor) {
     EXPECT_FALSE(g_env->ExceptionCheck());
 }
 
-TEST(CJvmJvm, ReleaseJObjectCallsRelease) {
+// A new object of `cls` (null if there is none) handed to ReleaseJObject; the caller still
+// holds its local reference.
+jobject created_and_released(const char* cls) {
     CJvm::CreateJVM();
-    jobject obj = CJvm::CreateJavaObject("tovrtest/Releasable");
+    jobject obj = CJvm::CreateJavaObject(cls);
+    if (obj != nullptr) CJvm::ReleaseJObject(obj);
+    return obj;
+}
+
+TEST(CJvmJvm, ReleaseJObjectCallsRelease) {
+    jobject obj = created_and_released("tovrtest/Releasable");
     ASSERT_NE(nullptr, obj);
-    CJvm::ReleaseJObject(obj);
     EXPECT_FALSE(g_env->ExceptionCheck());
     jclass cls = g_env->FindClass("tovrtest/Releasable");
     jfieldID released = g_env->GetStaticFieldID(cls, "released", "I");
@@ -120,19 +127,15 @@ TEST(CJvmJvm, ReleaseJObjectCallsRelease) {
 }
 
 TEST(CJvmJvm, ReleaseJObjectWithoutReleaseLeavesNoException) {
-    CJvm::CreateJVM();
-    jobject obj = CJvm::CreateJavaObject("tovrtest/Plain");
+    jobject obj = created_and_released("tovrtest/Plain");
     ASSERT_NE(nullptr, obj);
-    CJvm::ReleaseJObject(obj);
     EXPECT_FALSE(g_env->ExceptionCheck());
     g_env->DeleteLocalRef(obj);
 }
 
 TEST(CJvmJvm, ReleaseJObjectLeavesTheExceptionOfReleasePending) {
-    CJvm::CreateJVM();
-    jobject obj = CJvm::CreateJavaObject("tovrtest/ThrowingRelease");
+    jobject obj = created_and_released("tovrtest/ThrowingRelease");
     ASSERT_NE(nullptr, obj);
-    CJvm::ReleaseJObject(obj);
     ASSERT_TRUE(g_env->ExceptionCheck());
     jthrowable thrown = g_env->ExceptionOccurred();
     g_env->ExceptionClear();

@@ -10,8 +10,11 @@
 #include <thread>
 
 #include "CJvm.h"
+#include "jvm_env.h"
 
 namespace {
+
+using jvm_test::the_vm;
 
 using tarnwick::zel_fnd_observer;
 
@@ -23,13 +26,6 @@ public:
     using zel_fnd_observer::proxy;
     using zel_fnd_observer::start;
 };
-
-JavaVM* the_vm() {
-    JavaVM* vm = nullptr;
-    jsize count = 0;
-    if (JNI_GetCreatedJavaVMs(&vm, 1, &count) != JNI_OK || count != 1) return nullptr;
-    return vm;
-}
 
 // Whether the calling thread is attached to the VM now.
 bool attached() {

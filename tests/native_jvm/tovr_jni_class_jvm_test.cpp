@@ -12,19 +12,14 @@
 #include "CJvm.h"
 #include "tovr_jni.h"
 #include "tovr_jni_text.h"
+#include "jvm_env.h"
 
 namespace jni = tarnwick::jni;
 
 namespace {
 
-JNIEnv* env_of_this_thread() {
-    JavaVM* vm = nullptr;
-    jsize count = 0;
-    if (JNI_GetCreatedJavaVMs(&vm, 1, &count) != JNI_OK || count != 1) return nullptr;
-    JNIEnv* env = nullptr;
-    if (vm->GetEnv(reinterpret_cast<void**>(&env), tarnwick::kJniVersion) != JNI_OK) return nullptr;
-    return env;
-}
+using JavaClassJvm = jvm_test::ThreadEnvTest;
+using FieldStringJvm = jvm_test::ThreadEnvTest;
 
 // The string's UTF-16 units.
 std::u16string units(JNIEnv* env, jstring s) {
@@ -32,6 +27,8 @@ std::u16string units(JNIEnv* env, jstring s) {
     env->GetStringRegion(s, 0, static_cast<jsize>(out.size()), reinterpret_cast<jchar*>(&out[0]));
     return out;
 }
+
+const jni::Member kConstructorOnly[] = {{jni::Member::kConstructor, "<init>", "()V"}};
 
 const jni::Member kPortalMembers[] = {
     {jni::Member::kConstructor, "<init>", "()V"},
@@ -44,9 +41,7 @@ enum { kInit, kName, kMissing, kTwice, kThrowOnCreate };
 
 }  // namespace
 
-TEST(JavaClassJvm, MembersAreLookedUpOnceAndAMissingOneStaysNull) {
-    JNIEnv* env = env_of_this_thread();
-    ASSERT_NE(nullptr, env);
+TEST_F(JavaClassJvm, MembersAreLookedUpOnceAndAMissingOneStaysNull) {
     jni::JavaClass portal("tovrtest/Portal", kPortalMembers);
     EXPECT_EQ(nullptr, portal.method(kInit));  // nothing before the first use
     jclass cls = portal.get(env);
@@ -64,9 +59,7 @@ TEST(JavaClassJvm, MembersAreLookedUpOnceAndAMissingOneStaysNull) {
     EXPECT_TRUE(env->IsInstanceOf(obj.get(), cls));
 }
 
-TEST(JavaClassJvm, AConstructorThatThrowsLeavesItsExceptionPending) {
-    JNIEnv* env = env_of_this_thread();
-    ASSERT_NE(nullptr, env);
+TEST_F(JavaClassJvm, AConstructorThatThrowsLeavesItsExceptionPending) {
     jni::JavaClass portal("tovrtest/Portal", kPortalMembers);
     jclass cls = portal.get(env);
     ASSERT_NE(nullptr, cls);
@@ -78,11 +71,8 @@ TEST(JavaClassJvm, AConstructorThatThrowsLeavesItsExceptionPending) {
     env->SetStaticBooleanField(cls, portal.field(kThrowOnCreate), JNI_FALSE);
 }
 
-TEST(JavaClassJvm, AMissingClassIsLookedForAgainAndCreatesNothing) {
-    JNIEnv* env = env_of_this_thread();
-    ASSERT_NE(nullptr, env);
-    const jni::Member members[] = {{jni::Member::kConstructor, "<init>", "()V"}};
-    jni::JavaClass portal("tovrtest/NoSuchClass", members);
+TEST_F(JavaClassJvm, AMissingClassIsLookedForAgainAndCreatesNothing) {
+    jni::JavaClass portal("tovrtest/NoSuchClass", kConstructorOnly);
     EXPECT_EQ(nullptr, portal.get(env));
     EXPECT_FALSE(env->ExceptionCheck());
     EXPECT_EQ(nullptr, portal.create(env));
@@ -90,7 +80,7 @@ TEST(JavaClassJvm, AMissingClassIsLookedForAgainAndCreatesNothing) {
     EXPECT_EQ(nullptr, portal.method(0));
 }
 
-TEST(JavaClassJvm, ThreadsThatMeetAtTheFirstUseSeeOneClass) {
+TEST_F(JavaClassJvm, ThreadsThatMeetAtTheFirstUseSeeOneClass) {
     JavaVM* vm = nullptr;
     jsize count = 0;
     ASSERT_EQ(JNI_OK, JNI_GetCreatedJavaVMs(&vm, 1, &count));
@@ -110,11 +100,8 @@ TEST(JavaClassJvm, ThreadsThatMeetAtTheFirstUseSeeOneClass) {
     EXPECT_NE(nullptr, seen[0]);
 }
 
-TEST(JavaClassJvm, RequireLeavesNoClassDefFoundErrorPendingForAMissingClass) {
-    JNIEnv* env = env_of_this_thread();
-    ASSERT_NE(nullptr, env);
-    const jni::Member members[] = {{jni::Member::kConstructor, "<init>", "()V"}};
-    jni::JavaClass missing("tovrtest/NoSuchClass", members);
+TEST_F(JavaClassJvm, RequireLeavesNoClassDefFoundErrorPendingForAMissingClass) {
+    jni::JavaClass missing("tovrtest/NoSuchClass", kConstructorOnly);
     EXPECT_EQ(nullptr, missing.require(env));
     ASSERT_TRUE(env->ExceptionCheck());
     jni::LocalRef<jthrowable> pending(env, env->ExceptionOccurred());
@@ -127,9 +114,7 @@ TEST(JavaClassJvm, RequireLeavesNoClassDefFoundErrorPendingForAMissingClass) {
     EXPECT_FALSE(env->ExceptionCheck());
 }
 
-TEST(JavaClassJvm, ForgetAllMakesEveryHolderLookAgain) {
-    JNIEnv* env = env_of_this_thread();
-    ASSERT_NE(nullptr, env);
+TEST_F(JavaClassJvm, ForgetAllMakesEveryHolderLookAgain) {
     jni::JavaClass portal("tovrtest/Portal", kPortalMembers);
     jclass first = portal.get(env);
     ASSERT_NE(nullptr, first);
@@ -142,9 +127,7 @@ TEST(JavaClassJvm, ForgetAllMakesEveryHolderLookAgain) {
     env->DeleteGlobalRef(first);
 }
 
-TEST(FieldStringJvm, AnUnterminatedFieldStopsAtItsEnd) {
-    JNIEnv* env = env_of_this_thread();
-    ASSERT_NE(nullptr, env);
+TEST_F(FieldStringJvm, AnUnterminatedFieldStopsAtItsEnd) {
     const char full[4] = {'a', 'b', 'c', 'd'};
     jni::LocalRef<jstring> s(env, jni::new_field_string(env, full));
     ASSERT_TRUE(s);
@@ -155,9 +138,7 @@ TEST(FieldStringJvm, AnUnterminatedFieldStopsAtItsEnd) {
     EXPECT_EQ(nullptr, jni::new_field_string(env, nullptr, 4));
 }
 
-TEST(FieldStringJvm, BytesThatAreNotModifiedUtf8BecomeCharactersTheVmTakes) {
-    JNIEnv* env = env_of_this_thread();
-    ASSERT_NE(nullptr, env);
+TEST_F(FieldStringJvm, BytesThatAreNotModifiedUtf8BecomeCharactersTheVmTakes) {
     const char cut[5] = {'a', '\xE3', '\x81', '\x82', '\xE3'};  // the last character cut at the field's end
     jni::LocalRef<jstring> s(env, jni::new_field_string(env, cut));
     EXPECT_EQ(u"a\u3042", units(env, s.get()));

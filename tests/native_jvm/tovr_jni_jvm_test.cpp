@@ -6,24 +6,17 @@
 
 #include <thread>
 
+#include "jvm_env.h"
+
 namespace jni = tarnwick::jni;
 
 namespace {
 
-JNIEnv* env_of_this_thread() {
-    JavaVM* vm = nullptr;
-    jsize count = 0;
-    if (JNI_GetCreatedJavaVMs(&vm, 1, &count) != JNI_OK || count != 1) return nullptr;
-    JNIEnv* env = nullptr;
-    if (vm->GetEnv(reinterpret_cast<void**>(&env), tarnwick::kJniVersion) != JNI_OK) return nullptr;
-    return env;
-}
+using ToolkitJvm = jvm_test::ThreadEnvTest;
 
 }  // namespace
 
-TEST(ToolkitJvm, GlobalClassMissingLeavesNothingPendingAndResetWithAnEnvDeletesTheReference) {
-    JNIEnv* env = env_of_this_thread();
-    ASSERT_NE(nullptr, env);
+TEST_F(ToolkitJvm, GlobalClassMissingLeavesNothingPendingAndResetWithAnEnvDeletesTheReference) {
     jni::GlobalClass missing;
     EXPECT_FALSE(missing.find(env, "tovrtest/NoSuchClass"));
     EXPECT_FALSE(missing);
@@ -37,9 +30,7 @@ TEST(ToolkitJvm, GlobalClassMissingLeavesNothingPendingAndResetWithAnEnvDeletesT
     plain.reset(env);  // a second reset has nothing left to delete
 }
 
-TEST(ToolkitJvm, ArrayElementsReleasedEarlyAreCopiedBackOnce) {
-    JNIEnv* env = env_of_this_thread();
-    ASSERT_NE(nullptr, env);
+TEST_F(ToolkitJvm, ArrayElementsReleasedEarlyAreCopiedBackOnce) {
     jni::LocalRef<jintArray> array(env, env->NewIntArray(3));
     ASSERT_TRUE(array);
     {
@@ -57,7 +48,7 @@ TEST(ToolkitJvm, ArrayElementsReleasedEarlyAreCopiedBackOnce) {
     EXPECT_FALSE(env->ExceptionCheck());
 }
 
-TEST(ToolkitJvm, AttachScopeOnAThreadTheVmHasNotSeenAttachesItForItsLengthOnly) {
+TEST_F(ToolkitJvm, AttachScopeOnAThreadTheVmHasNotSeenAttachesItForItsLengthOnly) {
     JavaVM* vm = nullptr;
     jsize count = 0;
     ASSERT_EQ(JNI_OK, JNI_GetCreatedJavaVMs(&vm, 1, &count));

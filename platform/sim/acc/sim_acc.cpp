@@ -66,21 +66,6 @@ std::vector<Output> felica_outputs(int index, const ESV_ZEL_ACC_FELICA_SETTING_I
 
 namespace tarnwick {
 
-esv_zel_acc_facade* esv_zel_acc_facade::esv_zel_acc_get_instance() {
-    static esv_zel_acc_facade* instance = new esv_zel_acc_facade;
-    return instance;
-}
-
-unsigned long esv_zel_acc_facade::esv_zel_acc_add_observer(esv_zel_acc_observer* observer) {
-    TOVR_SIM_RECORD(unsigned long, observer);
-    tovr_sim::acc_facade().observers().add(observer);
-    return 0;
-}
-
-unsigned long esv_zel_acc_facade::esv_zel_acc_remove_observer(esv_zel_acc_observer* observer) {
-    TOVR_SIM_RECORD(unsigned long, observer);
-    tovr_sim::acc_facade().observers().remove(observer);
-    return 0;
-}
+TOVR_SIM_OBSERVED_FACADE(acc, tovr_sim::acc_facade())
 
 }  // namespace tarnwick

@@ -17,21 +17,6 @@ const bool registered = register_service(Service{"common", reset_power, [] { ret
 
 namespace tarnwick {
 
-esv_zel_common_facade* esv_zel_common_facade::esv_zel_common_get_instance() {
-    static esv_zel_common_facade* instance = new esv_zel_common_facade;
-    return instance;
-}
-
-unsigned long esv_zel_common_facade::esv_zel_common_add_observer(esv_zel_common_observer* observer) {
-    TOVR_SIM_RECORD(unsigned long, observer);
-    tovr_sim::common_facade().observers().add(observer);
-    return 0;
-}
-
-unsigned long esv_zel_common_facade::esv_zel_common_remove_observer(esv_zel_common_observer* observer) {
-    TOVR_SIM_RECORD(unsigned long, observer);
-    tovr_sim::common_facade().observers().remove(observer);
-    return 0;
-}
+TOVR_SIM_OBSERVED_FACADE(common, tovr_sim::common_facade())
 
 }  // namespace tarnwick

@@ -6,6 +6,7 @@
 #include <future>
 #include <memory>
 
+#include "tovr_sim_record.h"
 #include "tovr_sim_threads.h"
 
 namespace tovr_sim {
@@ -53,5 +54,21 @@ private:
 };
 
 }  // namespace tovr_sim
+
+// The members of the simulated facade esv_zel_<AREA>_facade whose observers `OBSERVED` (an
+// ObservedFacade) keeps and which answers every registration 0: its one instance, and its
+// add_observer and remove_observer, each recorded as a call.
+#define TOVR_SIM_OBSERVED_FACADE(AREA, OBSERVED)                                                           \
+    TOVR_SIM_FACADE_INSTANCE(AREA)                                                                          \
+    unsigned long esv_zel_##AREA##_facade::esv_zel_##AREA##_add_observer(esv_zel_##AREA##_observer* observer) {    \
+        TOVR_SIM_RECORD(unsigned long, observer);                                                           \
+        OBSERVED.observers().add(observer);                                                                 \
+        return 0;                                                                                           \
+    }                                                                                                       \
+    unsigned long esv_zel_##AREA##_facade::esv_zel_##AREA##_remove_observer(esv_zel_##AREA##_observer* observer) { \
+        TOVR_SIM_RECORD(unsigned long, observer);                                                           \
+        OBSERVED.observers().remove(observer);                                                              \
+        return 0;                                                                                           \
+    }
 
 #endif

@@ -224,6 +224,14 @@ bool record(const char* op, long* result, A&&... a) {
                      result);
 }
 
+// The one instance of the simulated facade esv_zel_<AREA>_facade, made at its first use and
+// never destroyed (a facade thread may still reach it at exit).
+#define TOVR_SIM_FACADE_INSTANCE(AREA)                                                          \
+    esv_zel_##AREA##_facade* esv_zel_##AREA##_facade::esv_zel_##AREA##_get_instance() {        \
+        static esv_zel_##AREA##_facade* instance = new esv_zel_##AREA##_facade;                 \
+        return instance;                                                                         \
+    }
+
 // First statement of a simulated facade member: records the call under the member's own name
 // and returns a forced answer, converted to the member's result type, when one is armed.
 #define TOVR_SIM_RECORD(RESULT_TYPE, ...) TOVR_SIM_RECORD_AS(__func__, RESULT_TYPE, ##__VA_ARGS__)

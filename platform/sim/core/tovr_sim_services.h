@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -28,6 +29,18 @@ std::vector<std::string> service_names();
 void reset_all();
 // Observers registered with a facade by its service name; -1 for a name no service has.
 long observer_count(const std::string& service);
+
+// A control that sets one answer of a service's state under the state's lock: `value` kept
+// under `key`, or the key forgotten when `value` is the empty one (0, an empty name).
+template <typename Map, typename Value>
+void keep_or_forget(std::mutex& mutex, Map& map, const typename Map::key_type& key, const Value& value) {
+    std::lock_guard<std::mutex> lock(mutex);
+    if (value == Value{}) {
+        map.erase(key);
+    } else {
+        map[key] = value;
+    }
+}
 
 }  // namespace tovr_sim
 

@@ -31,10 +31,7 @@ using namespace tovr_sim::jobsim;
 
 esv_zel_job_facade::esv_zel_job_facade() {}
 
-esv_zel_job_facade* esv_zel_job_facade::esv_zel_job_get_instance() {
-    static esv_zel_job_facade* instance = new esv_zel_job_facade;
-    return instance;
-}
+TOVR_SIM_FACADE_INSTANCE(job)
 
 long esv_zel_job_facade::esv_zel_job_add_observer(esv_zel_job_observer* observer) {
     TOVR_SIM_RECORD(long, observer);

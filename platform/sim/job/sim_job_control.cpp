@@ -112,17 +112,13 @@ bool wait_job_held(unsigned int user_job_id, int timeout_ms) {
 }
 
 std::vector<unsigned char> scan_data_of(unsigned int user_job_id) {
-    Device& d = device();
-    std::lock_guard<std::mutex> lock(d.mutex);
-    auto it = d.jobs.find(user_job_id);
-    return it == d.jobs.end() ? std::vector<unsigned char>() : it->second->scan;
+    JobCall c(user_job_id);
+    return c.job ? c.job->scan : std::vector<unsigned char>();
 }
 
 unsigned int receipt_of(unsigned int user_job_id) {
-    Device& d = device();
-    std::lock_guard<std::mutex> lock(d.mutex);
-    auto it = d.jobs.find(user_job_id);
-    return it == d.jobs.end() ? 0 : it->second->receipt;
+    JobCall c(user_job_id);
+    return c.job ? c.job->receipt : 0;
 }
 
 std::vector<Raised> raised() {

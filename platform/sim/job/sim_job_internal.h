@@ -122,6 +122,17 @@ struct Device {
 };
 Device& device();
 
+// The device locked for one call on a job: `job` is that job, or null when there is none such.
+struct JobCall {
+    explicit JobCall(unsigned int user_job_id) : d(device()), lock(d.mutex) {
+        auto it = d.jobs.find(user_job_id);
+        if (it != d.jobs.end()) job = it->second;
+    }
+    Device& d;
+    std::lock_guard<std::mutex> lock;
+    std::shared_ptr<Job> job;
+};
+
 // ---------------------------------------------------------------------------------------------
 // Edits of a set by the facade's members.
 
@@ -179,16 +190,21 @@ struct LogEntry {
     std::vector<ESV_ZEL_JOBINFO_RECEIVE_INFO> receives;
 };
 
+// A walking list (the sends or the receives of one entry): made from an entry, read one record
+// a call, deleted. At most one of each kind is open at a time.
+template <typename Info>
+struct WalkingList {
+    bool open = false;
+    std::vector<Info> records;
+    std::size_t pos = 0;
+};
+
 struct JobLog {
     std::mutex mutex;
     std::map<unsigned int, LogEntry> entries;
     unsigned int next_receipt = 5001;
-    bool send_list_open = false;
-    std::vector<ESV_ZEL_JOBINFO_SEND_INFO> send_list;
-    std::size_t send_pos = 0;
-    bool receive_list_open = false;
-    std::vector<ESV_ZEL_JOBINFO_RECEIVE_INFO> receive_list;
-    std::size_t receive_pos = 0;
+    WalkingList<ESV_ZEL_JOBINFO_SEND_INFO> send_list;
+    WalkingList<ESV_ZEL_JOBINFO_RECEIVE_INFO> receive_list;
 };
 JobLog& joblog();
 // Stores an entry under a new receipt id and returns it.

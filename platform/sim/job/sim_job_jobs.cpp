@@ -43,44 +43,37 @@ long esv_zel_job_facade::esv_zel_job_start(ESV_ZEL_JOB_CATEGORY type, unsigned i
 
 long esv_zel_job_facade::esv_zel_job_kick(unsigned int user_job_id) {
     TOVR_SIM_RECORD(long, user_job_id);
-    Device& d = device();
-    std::lock_guard<std::mutex> lock(d.mutex);
-    auto it = d.jobs.find(user_job_id);
-    if (it == d.jobs.end()) return ESV_ZEL_NO_HIT_JOB;
-    std::shared_ptr<Job> job = it->second;
-    if (job->phase != Phase::created) return ESV_ZEL_JOB_PARAM_ERROR;
-    if (d.prohibited) return ESV_ZEL_JOB_OUTPUT_PROHIBITING;
-    job->phase = Phase::running;
-    job->start_time = static_cast<uint32_t>(std::time(nullptr));
-    if (d.faults > 0) {
-        --d.faults;
-        job->fault = true;
-        job->fault_code = d.fault_code;
+    JobCall c(user_job_id);
+    if (!c.job) return ESV_ZEL_NO_HIT_JOB;
+    if (c.job->phase != Phase::created) return ESV_ZEL_JOB_PARAM_ERROR;
+    if (c.d.prohibited) return ESV_ZEL_JOB_OUTPUT_PROHIBITING;
+    c.job->phase = Phase::running;
+    c.job->start_time = static_cast<uint32_t>(std::time(nullptr));
+    if (c.d.faults > 0) {
+        --c.d.faults;
+        c.job->fault = true;
+        c.job->fault_code = c.d.fault_code;
     }
-    start_job_thread(job);
+    start_job_thread(c.job);
     return ESV_ZEL_JOB_OK;
 }
 
 long esv_zel_job_facade::esv_zel_job_continuous_read(unsigned int user_job_id) {
     TOVR_SIM_RECORD(long, user_job_id);
-    Device& d = device();
-    std::lock_guard<std::mutex> lock(d.mutex);
-    auto it = d.jobs.find(user_job_id);
-    if (it == d.jobs.end()) return ESV_ZEL_NO_HIT_JOB;
-    if (!scans(it->second->type) || it->second->phase == Phase::done) return ESV_ZEL_JOB_PARAM_ERROR;
-    it->second->continuous = true;
+    JobCall c(user_job_id);
+    if (!c.job) return ESV_ZEL_NO_HIT_JOB;
+    if (!scans(c.job->type) || c.job->phase == Phase::done) return ESV_ZEL_JOB_PARAM_ERROR;
+    c.job->continuous = true;
     return ESV_ZEL_JOB_OK;
 }
 
 long esv_zel_job_facade::esv_zel_job_continuous_read_end(unsigned int user_job_id) {
     TOVR_SIM_RECORD(long, user_job_id);
-    Device& d = device();
-    std::lock_guard<std::mutex> lock(d.mutex);
-    auto it = d.jobs.find(user_job_id);
-    if (it == d.jobs.end()) return ESV_ZEL_NO_HIT_JOB;
-    if (!it->second->continuous) return ESV_ZEL_JOB_PARAM_ERROR;
-    it->second->continuous = false;
-    d.changed.notify_all();
+    JobCall c(user_job_id);
+    if (!c.job) return ESV_ZEL_NO_HIT_JOB;
+    if (!c.job->continuous) return ESV_ZEL_JOB_PARAM_ERROR;
+    c.job->continuous = false;
+    c.d.changed.notify_all();
     return ESV_ZEL_JOB_OK;
 }
 
@@ -104,23 +97,20 @@ long esv_zel_job_facade::esv_zel_job_cancel(unsigned int user_job_id, unsigned l
     TOVR_SIM_RECORD(long, user_job_id, cert_id);
     std::shared_ptr<Job> not_started;
     {
-        Device& d = device();
-        std::lock_guard<std::mutex> lock(d.mutex);
-        auto it = d.jobs.find(user_job_id);
-        if (it == d.jobs.end()) return ESV_ZEL_NO_HIT_JOB;
-        std::shared_ptr<Job> job = it->second;
-        switch (job->phase) {
+        JobCall c(user_job_id);
+        if (!c.job) return ESV_ZEL_NO_HIT_JOB;
+        switch (c.job->phase) {
             case Phase::done:  // a finished job leaves the queue
-                d.jobs.erase(it);
+                c.d.jobs.erase(user_job_id);
                 return ESV_ZEL_JOB_OK;
             case Phase::running:
-                job->cancel = true;
-                d.changed.notify_all();
+                c.job->cancel = true;
+                c.d.changed.notify_all();
                 return ESV_ZEL_JOB_OK;
             case Phase::created:
-                job->cancel = true;
-                job->phase = Phase::running;
-                not_started = job;
+                c.job->cancel = true;
+                c.job->phase = Phase::running;
+                not_started = c.job;
                 break;
         }
     }
@@ -131,11 +121,9 @@ long esv_zel_job_facade::esv_zel_job_cancel(unsigned int user_job_id, unsigned l
 
 long esv_zel_job_facade::esv_zel_job_get_scan_data(unsigned int user_job_id, ESV_ZEL_JOB_GET_SCAN_DATA& data) {
     TOVR_SIM_RECORD(long, user_job_id, tovr_sim::unrecorded(data));
-    Device& d = device();
-    std::lock_guard<std::mutex> lock(d.mutex);
-    auto it = d.jobs.find(user_job_id);
-    if (it == d.jobs.end()) return ESV_ZEL_NO_HIT_JOB;
-    Job& j = *it->second;
+    JobCall c(user_job_id);
+    if (!c.job) return ESV_ZEL_NO_HIT_JOB;
+    Job& j = *c.job;
     if (!scans(j.type)) return ESV_ZEL_JOB_PARAM_ERROR;
     std::memset(data.scan_data, 0, sizeof data.scan_data);
     const std::size_t piece = std::min<std::size_t>(sizeof data.scan_data, j.scan.size() - j.read_pos);

@@ -128,22 +128,21 @@ void copy_text(char* to, std::size_t size, const std::string& from) {
     std::strncpy(to, from.c_str(), size - 1);
 }
 
+// Whether a text field holds anything (within its width).
+template <std::size_t N>
+bool filled(const char (&text)[N]) {
+    return ::strnlen(text, N) > 0;
+}
+
 bool address_fits(const ESV_ZEL_JOB_SEND_INFO& info, ESV_ZEL_JOB_PHB_CATEGORY category) {
+    const bool sends = category == ESV_ZEL_JOB_PHB_CATEGORY_SEND;
     switch (info.address_type) {
-        case ESV_ZEL_JOB_ADDRESS_TYPE_MAIL:
-            return category == ESV_ZEL_JOB_PHB_CATEGORY_SEND &&
-                   ::strnlen(info.detail.mail_info.mail_address, sizeof info.detail.mail_info.mail_address) > 0;
-        case ESV_ZEL_JOB_ADDRESS_TYPE_FTP:
-            return category == ESV_ZEL_JOB_PHB_CATEGORY_SEND &&
-                   ::strnlen(info.detail.ftp_info.host_name, sizeof info.detail.ftp_info.host_name) > 0;
-        case ESV_ZEL_JOB_ADDRESS_TYPE_SMB:
-            return category == ESV_ZEL_JOB_PHB_CATEGORY_SEND &&
-                   ::strnlen(info.detail.smb_info.host_name, sizeof info.detail.smb_info.host_name) > 0;
+        case ESV_ZEL_JOB_ADDRESS_TYPE_MAIL: return sends && filled(info.detail.mail_info.mail_address);
+        case ESV_ZEL_JOB_ADDRESS_TYPE_FTP: return sends && filled(info.detail.ftp_info.host_name);
+        case ESV_ZEL_JOB_ADDRESS_TYPE_SMB: return sends && filled(info.detail.smb_info.host_name);
         case ESV_ZEL_JOB_ADDRESS_TYPE_FAX:
-            return category == ESV_ZEL_JOB_PHB_CATEGORY_FAX &&
-                   ::strnlen(info.detail.fax_info.fax_number, sizeof info.detail.fax_info.fax_number) > 0;
-        default:
-            return false;
+            return category == ESV_ZEL_JOB_PHB_CATEGORY_FAX && filled(info.detail.fax_info.fax_number);
+        default: return false;
     }
 }
 

@@ -34,14 +34,10 @@ void reset_joblog() {
     j.entries.clear();
     j.next_receipt = 5001;
     // Lists left open are dropped with the log.
-    if (j.send_list_open) resource_closed(kListHandle);
-    if (j.receive_list_open) resource_closed(kListHandle);
-    j.send_list_open = false;
-    j.send_list.clear();
-    j.send_pos = 0;
-    j.receive_list_open = false;
-    j.receive_list.clear();
-    j.receive_pos = 0;
+    if (j.send_list.open) resource_closed(kListHandle);
+    if (j.receive_list.open) resource_closed(kListHandle);
+    j.send_list = {};
+    j.receive_list = {};
 }
 
 }  // namespace jobsim
@@ -109,13 +105,12 @@ namespace tarnwick {
 
 using tovr_sim::jobsim::joblog;
 using tovr_sim::jobsim::JobLog;
+using tovr_sim::jobsim::LogEntry;
+using tovr_sim::jobsim::WalkingList;
 
 esv_zel_jobinfo_facade::esv_zel_jobinfo_facade() {}
 
-esv_zel_jobinfo_facade* esv_zel_jobinfo_facade::esv_zel_jobinfo_get_instance() {
-    static esv_zel_jobinfo_facade* instance = new esv_zel_jobinfo_facade;
-    return instance;
-}
+TOVR_SIM_FACADE_INSTANCE(jobinfo)
 
 long esv_zel_jobinfo_facade::esv_zel_jobinfo_add_observer(esv_zel_jobinfo_observer* observer) {
     TOVR_SIM_RECORD(long, observer);
@@ -138,10 +133,51 @@ bool known_type(ESV_ZEL_JOBINFO_JOBLOG_TYPE_VAL t) {
 }
 
 // The entry of `receipt_id` in the log of `type`, or null. Caller holds the log's mutex.
-tovr_sim::jobsim::LogEntry* find_entry(JobLog& j, unsigned int receipt_id, ESV_ZEL_JOBINFO_JOBLOG_TYPE_VAL type) {
+LogEntry* find_entry(JobLog& j, unsigned int receipt_id, ESV_ZEL_JOBINFO_JOBLOG_TYPE_VAL type) {
     auto it = j.entries.find(receipt_id);
     if (it == j.entries.end() || it->second.log.job_log_type != type) return nullptr;
     return &it->second;
+}
+
+// The send and receive lists behave alike; `list` names the one of the log, `records` the
+// entry's records it is made from.
+template <typename Info>
+long create_list(WalkingList<Info> JobLog::*list, std::vector<Info> LogEntry::*records, unsigned int receipt_id,
+                 ESV_ZEL_JOBINFO_JOBLOG_TYPE_VAL job_log_type) {
+    if (!known_type(job_log_type)) return ESV_ZEL_JOBINFO_PARAM_ERROR;
+    JobLog& j = joblog();
+    std::lock_guard<std::mutex> lock(j.mutex);
+    WalkingList<Info>& l = j.*list;
+    if (l.open) return ESV_ZEL_JOBINFO_LIST_OPERATE_ERROR;
+    LogEntry* e = find_entry(j, receipt_id, job_log_type);
+    if (!e) return ESV_ZEL_JOBINFO_NOT_FOUND_ERROR;
+    l.records = e->*records;
+    l.pos = 0;
+    l.open = true;
+    tovr_sim::resource_opened(tovr_sim::kListHandle);
+    return ESV_ZEL_JOBINFO_OK;
+}
+
+template <typename Info>
+long next_in_list(WalkingList<Info> JobLog::*list, Info& info) {
+    JobLog& j = joblog();
+    std::lock_guard<std::mutex> lock(j.mutex);
+    WalkingList<Info>& l = j.*list;
+    if (!l.open) return ESV_ZEL_JOBINFO_LIST_OPERATE_ERROR;
+    if (l.pos >= l.records.size()) return ESV_ZEL_JOBINFO_ERROR_OUT_OF_RANGE;
+    info = l.records[l.pos++];
+    return ESV_ZEL_JOBINFO_OK;
+}
+
+template <typename Info>
+long delete_list(WalkingList<Info> JobLog::*list) {
+    JobLog& j = joblog();
+    std::lock_guard<std::mutex> lock(j.mutex);
+    WalkingList<Info>& l = j.*list;
+    if (!l.open) return ESV_ZEL_JOBINFO_LIST_OPERATE_ERROR;
+    l = {};
+    tovr_sim::resource_closed(tovr_sim::kListHandle);
+    return ESV_ZEL_JOBINFO_OK;
 }
 
 }  // namespace
@@ -153,7 +189,7 @@ long esv_zel_jobinfo_facade::esv_zel_jobinfo_retrieve_joblog(unsigned int receip
     if (!known_type(job_log_type)) return ESV_ZEL_JOBINFO_PARAM_ERROR;
     JobLog& j = joblog();
     std::lock_guard<std::mutex> lock(j.mutex);
-    tovr_sim::jobsim::LogEntry* e = find_entry(j, receipt_id, job_log_type);
+    LogEntry* e = find_entry(j, receipt_id, job_log_type);
     if (!e) return ESV_ZEL_JOBINFO_NOT_FOUND_ERROR;
     joblog_out = e->log;
     return ESV_ZEL_JOBINFO_OK;
@@ -162,77 +198,33 @@ long esv_zel_jobinfo_facade::esv_zel_jobinfo_retrieve_joblog(unsigned int receip
 long esv_zel_jobinfo_facade::esv_zel_jobinfo_create_send_info_list(unsigned int receipt_id,
                                                                    ESV_ZEL_JOBINFO_JOBLOG_TYPE_VAL job_log_type) {
     TOVR_SIM_RECORD(long, receipt_id, job_log_type);
-    if (!known_type(job_log_type)) return ESV_ZEL_JOBINFO_PARAM_ERROR;
-    JobLog& j = joblog();
-    std::lock_guard<std::mutex> lock(j.mutex);
-    if (j.send_list_open) return ESV_ZEL_JOBINFO_LIST_OPERATE_ERROR;
-    tovr_sim::jobsim::LogEntry* e = find_entry(j, receipt_id, job_log_type);
-    if (!e) return ESV_ZEL_JOBINFO_NOT_FOUND_ERROR;
-    j.send_list = e->sends;
-    j.send_pos = 0;
-    j.send_list_open = true;
-    tovr_sim::resource_opened(tovr_sim::kListHandle);
-    return ESV_ZEL_JOBINFO_OK;
+    return create_list(&JobLog::send_list, &LogEntry::sends, receipt_id, job_log_type);
 }
 
 long esv_zel_jobinfo_facade::esv_zel_jobinfo_get_send_info(ESV_ZEL_JOBINFO_SEND_INFO& info) {
     TOVR_SIM_RECORD(long, tovr_sim::unrecorded(info));
-    JobLog& j = joblog();
-    std::lock_guard<std::mutex> lock(j.mutex);
-    if (!j.send_list_open) return ESV_ZEL_JOBINFO_LIST_OPERATE_ERROR;
-    if (j.send_pos >= j.send_list.size()) return ESV_ZEL_JOBINFO_ERROR_OUT_OF_RANGE;
-    info = j.send_list[j.send_pos++];
-    return ESV_ZEL_JOBINFO_OK;
+    return next_in_list(&JobLog::send_list, info);
 }
 
 long esv_zel_jobinfo_facade::esv_zel_jobinfo_delete_send_info_list() {
     TOVR_SIM_RECORD(long);
-    JobLog& j = joblog();
-    std::lock_guard<std::mutex> lock(j.mutex);
-    if (!j.send_list_open) return ESV_ZEL_JOBINFO_LIST_OPERATE_ERROR;
-    j.send_list_open = false;
-    j.send_list.clear();
-    j.send_pos = 0;
-    tovr_sim::resource_closed(tovr_sim::kListHandle);
-    return ESV_ZEL_JOBINFO_OK;
+    return delete_list(&JobLog::send_list);
 }
 
 long esv_zel_jobinfo_facade::esv_zel_jobinfo_create_receive_info_list(unsigned int receipt_id,
                                                                       ESV_ZEL_JOBINFO_JOBLOG_TYPE_VAL job_log_type) {
     TOVR_SIM_RECORD(long, receipt_id, job_log_type);
-    if (!known_type(job_log_type)) return ESV_ZEL_JOBINFO_PARAM_ERROR;
-    JobLog& j = joblog();
-    std::lock_guard<std::mutex> lock(j.mutex);
-    if (j.receive_list_open) return ESV_ZEL_JOBINFO_LIST_OPERATE_ERROR;
-    tovr_sim::jobsim::LogEntry* e = find_entry(j, receipt_id, job_log_type);
-    if (!e) return ESV_ZEL_JOBINFO_NOT_FOUND_ERROR;
-    j.receive_list = e->receives;
-    j.receive_pos = 0;
-    j.receive_list_open = true;
-    tovr_sim::resource_opened(tovr_sim::kListHandle);
-    return ESV_ZEL_JOBINFO_OK;
+    return create_list(&JobLog::receive_list, &LogEntry::receives, receipt_id, job_log_type);
 }
 
 long esv_zel_jobinfo_facade::esv_zel_jobinfo_get_receive_info(ESV_ZEL_JOBINFO_RECEIVE_INFO& info) {
     TOVR_SIM_RECORD(long, tovr_sim::unrecorded(info));
-    JobLog& j = joblog();
-    std::lock_guard<std::mutex> lock(j.mutex);
-    if (!j.receive_list_open) return ESV_ZEL_JOBINFO_LIST_OPERATE_ERROR;
-    if (j.receive_pos >= j.receive_list.size()) return ESV_ZEL_JOBINFO_ERROR_OUT_OF_RANGE;
-    info = j.receive_list[j.receive_pos++];
-    return ESV_ZEL_JOBINFO_OK;
+    return next_in_list(&JobLog::receive_list, info);
 }
 
 long esv_zel_jobinfo_facade::esv_zel_jobinfo_delete_receive_info_list() {
     TOVR_SIM_RECORD(long);
-    JobLog& j = joblog();
-    std::lock_guard<std::mutex> lock(j.mutex);
-    if (!j.receive_list_open) return ESV_ZEL_JOBINFO_LIST_OPERATE_ERROR;
-    j.receive_list_open = false;
-    j.receive_list.clear();
-    j.receive_pos = 0;
-    tovr_sim::resource_closed(tovr_sim::kListHandle);
-    return ESV_ZEL_JOBINFO_OK;
+    return delete_list(&JobLog::receive_list);
 }
 
 }  // namespace tarnwick

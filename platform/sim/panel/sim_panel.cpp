@@ -26,22 +26,7 @@ const bool registered = register_service(Service{"panel", reset_panel, [] { retu
 
 namespace tarnwick {
 
-esv_zel_panel_facade* esv_zel_panel_facade::esv_zel_panel_get_instance() {
-    static esv_zel_panel_facade* instance = new esv_zel_panel_facade;
-    return instance;
-}
-
-unsigned long esv_zel_panel_facade::esv_zel_panel_add_observer(esv_zel_panel_observer* observer) {
-    TOVR_SIM_RECORD(unsigned long, observer);
-    tovr_sim::panel_facade().observers().add(observer);
-    return 0;
-}
-
-unsigned long esv_zel_panel_facade::esv_zel_panel_remove_observer(esv_zel_panel_observer* observer) {
-    TOVR_SIM_RECORD(unsigned long, observer);
-    tovr_sim::panel_facade().observers().remove(observer);
-    return 0;
-}
+TOVR_SIM_OBSERVED_FACADE(panel, tovr_sim::panel_facade())
 
 // The panel requests change nothing in the simulated device: they are recorded and answer 0
 // unless a test forces another answer.

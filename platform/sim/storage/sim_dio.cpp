@@ -10,6 +10,38 @@
 // The functions of the library work on the drive model directly.
 using namespace tovr_sim::dio;
 
+namespace {
+
+// A call that moves an entry from path `a` to path `b`, with the checks renaming and moving
+// share: the drive model locked for the call, both paths resolved, `a` there (its status in
+// `st`), neither a root, `b` not there, `b` not inside `a` (`rc` not DVU_DIO_OK: the call
+// answers it).
+struct MoveCall {
+    MoveCall(int from_drive, int from_access, const char* from, int to_drive, int to_access, const char* to)
+        : s(storage()), lock(s.mutex) {
+        rc = resolve(s, from_drive, from_access, from, a);
+        if (rc == DVU_DIO_OK) rc = resolve(s, to_drive, to_access, to, b);
+        if (rc != DVU_DIO_OK) return;
+        struct stat target;
+        if (::lstat(a.host.c_str(), &st) != 0) {
+            rc = from_errno(errno);
+        } else if (a.rel.empty() || b.rel.empty()) {
+            rc = DVU_DIO_ERR_NOT_SUPPORTED;
+        } else if (::lstat(b.host.c_str(), &target) == 0) {
+            rc = DVU_DIO_ERR_EXISTS;
+        } else if (from_drive == to_drive && b.rel.compare(0, a.rel.size() + 1, a.rel + "/") == 0) {
+            rc = DVU_DIO_ERR_PARAM;  // into itself
+        }
+    }
+    Storage& s;
+    std::lock_guard<std::mutex> lock;
+    Where a, b;
+    struct stat st;
+    int rc;
+};
+
+}  // namespace
+
 extern "C" {
 
 int dvu_dio_api_init(void) {
@@ -49,116 +81,78 @@ int dvu_dio_remove_disk(int drive) {
 
 int dvu_dio_chdir(int drive, int access, const char* path) {
     TOVR_SIM_RECORD(int, drive, access, path);
-    Storage& s = storage();
-    std::lock_guard<std::mutex> lock(s.mutex);
-    Where w;
-    int rc = resolve(s, drive, access, path, w);
-    if (rc != DVU_DIO_OK) return rc;
-    struct stat st;
-    if (!tovr_sim::dio::exists(w, &st)) return from_errno(errno);
-    if (!S_ISDIR(st.st_mode)) return DVU_DIO_ERR_NOT_DIR;
-    s.drives[drive].cwd = w.rel;
+    EntryCall c(drive, access, path);
+    if (c.rc != DVU_DIO_OK) return c.rc;
+    if (!S_ISDIR(c.st.st_mode)) return DVU_DIO_ERR_NOT_DIR;
+    c.s.drives[drive].cwd = c.w.rel;
     return DVU_DIO_OK;
 }
 
 int dvu_dio_mkdir(int drive, int access, const char* path) {
     TOVR_SIM_RECORD(int, drive, access, path);
-    Storage& s = storage();
-    std::lock_guard<std::mutex> lock(s.mutex);
-    Where w;
-    int rc = resolve(s, drive, access, path, w);
-    if (rc != DVU_DIO_OK) return rc;
-    if (w.rel.empty()) return DVU_DIO_ERR_EXISTS;
-    if (::mkdir(w.host.c_str(), 0777) != 0) return from_errno(errno);
+    PathCall c(drive, access, path);
+    if (c.rc != DVU_DIO_OK) return c.rc;
+    if (c.w.rel.empty()) return DVU_DIO_ERR_EXISTS;
+    if (::mkdir(c.w.host.c_str(), 0777) != 0) return from_errno(errno);
     return DVU_DIO_OK;
 }
 
 int dvu_dio_existfile(int drive, int access, const char* path) {
     TOVR_SIM_RECORD(int, drive, access, path);
-    Storage& s = storage();
-    std::lock_guard<std::mutex> lock(s.mutex);
-    Where w;
-    int rc = resolve(s, drive, access, path, w);
-    if (rc != DVU_DIO_OK) return rc;
+    PathCall c(drive, access, path);
+    if (c.rc != DVU_DIO_OK) return c.rc;
     struct stat st;
-    return tovr_sim::dio::exists(w, &st) ? DVU_DIO_OK : DVU_DIO_ERR_NOT_FOUND;
+    return tovr_sim::dio::exists(c.w, &st) ? DVU_DIO_OK : DVU_DIO_ERR_NOT_FOUND;
 }
 
 int dvu_dio_remove(int drive, int access, const char* path) {
     TOVR_SIM_RECORD(int, drive, access, path);
-    Storage& s = storage();
-    std::lock_guard<std::mutex> lock(s.mutex);
-    Where w;
-    int rc = resolve(s, drive, access, path, w);
-    if (rc != DVU_DIO_OK) return rc;
-    if (w.rel.empty()) return DVU_DIO_ERR_NOT_SUPPORTED;
+    PathCall c(drive, access, path);
+    if (c.rc != DVU_DIO_OK) return c.rc;
+    if (c.w.rel.empty()) return DVU_DIO_ERR_NOT_SUPPORTED;
     struct stat st;
-    if (::lstat(w.host.c_str(), &st) != 0) return from_errno(errno);
-    if (tovr_sim::dio::stored_attrs(s, w) & DVU_DIO_ATTR_READONLY) return DVU_DIO_ERR_READ_ONLY;
-    if (tovr_sim::dio::open_below(s, drive, w.rel)) return DVU_DIO_ERR_BUSY;
-    int r = S_ISDIR(st.st_mode) ? ::rmdir(w.host.c_str()) : ::unlink(w.host.c_str());
+    if (::lstat(c.w.host.c_str(), &st) != 0) return from_errno(errno);
+    if (tovr_sim::dio::stored_attrs(c.s, c.w) & DVU_DIO_ATTR_READONLY) return DVU_DIO_ERR_READ_ONLY;
+    if (tovr_sim::dio::open_below(c.s, drive, c.w.rel)) return DVU_DIO_ERR_BUSY;
+    int r = S_ISDIR(st.st_mode) ? ::rmdir(c.w.host.c_str()) : ::unlink(c.w.host.c_str());
     if (r != 0) return errno == EEXIST ? DVU_DIO_ERR_NOT_EMPTY : from_errno(errno);
-    tovr_sim::dio::forget_keys(s, drive, w.rel);
+    tovr_sim::dio::forget_keys(c.s, drive, c.w.rel);
     return DVU_DIO_OK;
 }
 
 int dvu_dio_rename(int drive, int access, const char* from, const char* to) {
     TOVR_SIM_RECORD(int, drive, access, from, to);
-    Storage& s = storage();
-    std::lock_guard<std::mutex> lock(s.mutex);
-    Where a, b;
-    int rc = resolve(s, drive, access, from, a);
-    if (rc == DVU_DIO_OK) rc = resolve(s, drive, access, to, b);
-    if (rc != DVU_DIO_OK) return rc;
-    struct stat st;
-    if (::lstat(a.host.c_str(), &st) != 0) return from_errno(errno);
-    if (a.rel.empty() || b.rel.empty()) return DVU_DIO_ERR_NOT_SUPPORTED;
-    if (::lstat(b.host.c_str(), &st) == 0) return DVU_DIO_ERR_EXISTS;
-    if (b.rel.compare(0, a.rel.size() + 1, a.rel + "/") == 0) return DVU_DIO_ERR_PARAM;  // into itself
-    if (::rename(a.host.c_str(), b.host.c_str()) != 0) return from_errno(errno);
-    tovr_sim::dio::move_keys(s, drive, a.rel, drive, b.rel);
+    MoveCall c(drive, access, from, drive, access, to);
+    if (c.rc != DVU_DIO_OK) return c.rc;
+    if (::rename(c.a.host.c_str(), c.b.host.c_str()) != 0) return from_errno(errno);
+    tovr_sim::dio::move_keys(c.s, drive, c.a.rel, drive, c.b.rel);
     return DVU_DIO_OK;
 }
 
 int dvu_dio_move(int from_drive, int from_access, const char* from, int to_drive, int to_access, const char* to) {
     TOVR_SIM_RECORD(int, from_drive, from_access, from, to_drive, to_access, to);
-    Storage& s = storage();
-    std::lock_guard<std::mutex> lock(s.mutex);
-    Where a, b;
-    int rc = resolve(s, from_drive, from_access, from, a);
-    if (rc == DVU_DIO_OK) rc = resolve(s, to_drive, to_access, to, b);
-    if (rc != DVU_DIO_OK) return rc;
-    struct stat st;
-    if (::lstat(a.host.c_str(), &st) != 0) return from_errno(errno);
-    if (a.rel.empty() || b.rel.empty()) return DVU_DIO_ERR_NOT_SUPPORTED;
-    struct stat target;
-    if (::lstat(b.host.c_str(), &target) == 0) return DVU_DIO_ERR_EXISTS;
-    if (from_drive == to_drive && b.rel.compare(0, a.rel.size() + 1, a.rel + "/") == 0) return DVU_DIO_ERR_PARAM;
-    if (tovr_sim::dio::open_below(s, from_drive, a.rel)) return DVU_DIO_ERR_BUSY;
-    if (::rename(a.host.c_str(), b.host.c_str()) != 0) {
+    MoveCall c(from_drive, from_access, from, to_drive, to_access, to);
+    if (c.rc != DVU_DIO_OK) return c.rc;
+    if (tovr_sim::dio::open_below(c.s, from_drive, c.a.rel)) return DVU_DIO_ERR_BUSY;
+    if (::rename(c.a.host.c_str(), c.b.host.c_str()) != 0) {
         if (errno != EXDEV) return from_errno(errno);
-        if (!S_ISREG(st.st_mode)) return DVU_DIO_ERR_NOT_SUPPORTED;  // folders across media
-        rc = tovr_sim::dio::copy_file(a.host, b.host);
+        if (!S_ISREG(c.st.st_mode)) return DVU_DIO_ERR_NOT_SUPPORTED;  // folders across media
+        int rc = tovr_sim::dio::copy_file(c.a.host, c.b.host);
         if (rc != DVU_DIO_OK) return rc;
-        ::unlink(a.host.c_str());
+        ::unlink(c.a.host.c_str());
     }
-    tovr_sim::dio::move_keys(s, from_drive, a.rel, to_drive, b.rel);
+    tovr_sim::dio::move_keys(c.s, from_drive, c.a.rel, to_drive, c.b.rel);
     return DVU_DIO_OK;
 }
 
 int dvu_dio_opendir(int drive, int access, const char* path, unsigned long* dir) {
     TOVR_SIM_RECORD(int, drive, access, path, dir);
-    Storage& s = storage();
-    std::lock_guard<std::mutex> lock(s.mutex);
     if (dir == nullptr) return DVU_DIO_ERR_PARAM;
-    Where w;
-    int rc = resolve(s, drive, access, path, w);
-    if (rc != DVU_DIO_OK) return rc;
-    struct stat st;
-    if (!tovr_sim::dio::exists(w, &st)) return from_errno(errno);
-    if (!S_ISDIR(st.st_mode)) return DVU_DIO_ERR_NOT_DIR;
-    if (static_cast<int>(s.dirs.size()) >= s.max_dirs) return DVU_DIO_ERR_TOO_MANY_DIRS;
-    DIR* d = ::opendir(w.host.c_str());
+    EntryCall c(drive, access, path);
+    if (c.rc != DVU_DIO_OK) return c.rc;
+    if (!S_ISDIR(c.st.st_mode)) return DVU_DIO_ERR_NOT_DIR;
+    if (static_cast<int>(c.s.dirs.size()) >= c.s.max_dirs) return DVU_DIO_ERR_TOO_MANY_DIRS;
+    DIR* d = ::opendir(c.w.host.c_str());
     if (d == nullptr) return from_errno(errno);
     OpenDir od;
     od.drive = drive;
@@ -173,8 +167,8 @@ int dvu_dio_opendir(int drive, int access, const char* path, unsigned long* dir)
     ::closedir(d);
     if (read_errno != 0) return from_errno(read_errno);
     std::sort(od.entries.begin(), od.entries.end());
-    unsigned long h = tovr_sim::dio::new_handle(s);
-    s.dirs[h] = std::move(od);
+    unsigned long h = tovr_sim::dio::new_handle(c.s);
+    c.s.dirs[h] = std::move(od);
     tovr_sim::resource_opened(tovr_sim::kDirectoryHandle);
     *dir = h;
     return DVU_DIO_OK;

@@ -97,8 +97,27 @@ int copy_file(const std::string& from, const std::string& to);
 // directories and attributes, restores the limits and the folders of the environment.
 void reset_locked_all();
 
+// One call of the library on a path: the drive model locked for the call, the path resolved
+// (`rc` not DVU_DIO_OK: the call answers it).
+struct PathCall {
+    PathCall(int drive, int access, const char* path) : s(storage()), lock(s.mutex), rc(resolve(s, drive, access, path, w)) {}
+    Storage& s;
+    std::lock_guard<std::mutex> lock;
+    Where w;
+    int rc;
+};
+
 inline std::string attr_key(int drive, const std::string& rel) { return std::to_string(drive) + ":" + rel; }
 inline bool exists(const Where& w, struct stat* st) { return ::stat(w.host.c_str(), st) == 0; }
+
+// One call of the library on an entry that must exist: a PathCall whose `rc` is also the
+// failure of the entry's stat (from errno); `st` is the entry's when `rc` is DVU_DIO_OK.
+struct EntryCall : PathCall {
+    EntryCall(int drive, int access, const char* path) : PathCall(drive, access, path) {
+        if (rc == DVU_DIO_OK && !exists(w, &st)) rc = from_errno(errno);
+    }
+    struct stat st {};
+};
 
 }  // namespace dio
 }  // namespace tovr_sim

@@ -58,6 +58,18 @@ SysInfo& state() {
 
 bool known_kind(unsigned char kind) { return kind <= kCountKindScan; }
 
+// A value the device keeps under `where`, into `value`: the key's own answer when it has one,
+// ESV_ZEL_SYSINFO_ERROR when the value was never given.
+template <typename Map, typename Value>
+long read_kept(int key, const Map& map, const typename Map::key_type& where, Value& value) {
+    std::lock_guard<std::mutex> lock(state().mutex);
+    if (long answer = state().key_answer(key)) return answer;
+    auto it = map.find(where);
+    if (it == map.end()) return ESV_ZEL_SYSINFO_ERROR;
+    value = it->second;
+    return ESV_ZEL_SYSINFO_OK;
+}
+
 }  // namespace
 
 void reset_sysinfo() {
@@ -162,12 +174,7 @@ bool sysinfo_text(int key, std::string* out) {
 }
 
 void sysinfo_set_key_answer(int key, long code) {
-    std::lock_guard<std::mutex> lock(state().mutex);
-    if (code == 0) {
-        state().key_answers.erase(key);
-    } else {
-        state().key_answers[key] = code;
-    }
+    keep_or_forget(state().mutex, state().key_answers, key, code);
 }
 
 }  // namespace tovr_sim
@@ -176,10 +183,7 @@ namespace tarnwick {
 
 using tovr_sim::state;
 
-esv_zel_systeminfo_facade* esv_zel_systeminfo_facade::esv_zel_systeminfo_get_instance() {
-    static esv_zel_systeminfo_facade* instance = new esv_zel_systeminfo_facade;
-    return instance;
-}
+TOVR_SIM_FACADE_INSTANCE(systeminfo)
 
 long esv_zel_systeminfo_facade::esv_zel_systeminfo_get_model_type(unsigned int& type) {
     TOVR_SIM_RECORD(long, type);
@@ -217,23 +221,15 @@ long esv_zel_systeminfo_facade::esv_zel_systeminfo_get_count(ESV_ZEL_COUNT_INFO&
 long esv_zel_systeminfo_facade::esv_zel_systeminfo_get_machine_info(ESV_ZEL_ENTKEY key, unsigned long cid,
                                                                      unsigned int& value) {
     TOVR_SIM_RECORD(long, key, cid, value);
-    std::lock_guard<std::mutex> lock(state().mutex);
-    if (long answer = state().key_answer(key)) return answer;
-    auto it = state().machine_numbers.find(tovr_sim::InfoKey{key, static_cast<std::uint32_t>(cid)});
-    if (it == state().machine_numbers.end()) return ESV_ZEL_SYSINFO_ERROR;
-    value = it->second;
-    return ESV_ZEL_SYSINFO_OK;
+    return tovr_sim::read_kept(key, state().machine_numbers, tovr_sim::InfoKey{key, static_cast<std::uint32_t>(cid)},
+                               value);
 }
 
 long esv_zel_systeminfo_facade::esv_zel_systeminfo_get_machine_info(ESV_ZEL_ENTKEY key, unsigned long cid,
                                                                      std::string& value) {
     TOVR_SIM_RECORD(long, key, cid, value);
-    std::lock_guard<std::mutex> lock(state().mutex);
-    if (long answer = state().key_answer(key)) return answer;
-    auto it = state().machine_texts.find(tovr_sim::InfoKey{key, static_cast<std::uint32_t>(cid)});
-    if (it == state().machine_texts.end()) return ESV_ZEL_SYSINFO_ERROR;
-    value = it->second;
-    return ESV_ZEL_SYSINFO_OK;
+    return tovr_sim::read_kept(key, state().machine_texts, tovr_sim::InfoKey{key, static_cast<std::uint32_t>(cid)},
+                               value);
 }
 
 long esv_zel_systeminfo_facade::esv_zel_systeminfo_set_machine_info(ESV_ZEL_ENTKEY key, unsigned long cid,
@@ -247,22 +243,12 @@ long esv_zel_systeminfo_facade::esv_zel_systeminfo_set_machine_info(ESV_ZEL_ENTK
 
 long esv_zel_systeminfo_facade::esv_zel_systeminfo_get_value(ESV_ZEL_ENTKEY key, unsigned int& value) {
     TOVR_SIM_RECORD(long, key, value);
-    std::lock_guard<std::mutex> lock(state().mutex);
-    if (long answer = state().key_answer(key)) return answer;
-    auto it = state().numbers.find(key);
-    if (it == state().numbers.end()) return ESV_ZEL_SYSINFO_ERROR;
-    value = it->second;
-    return ESV_ZEL_SYSINFO_OK;
+    return tovr_sim::read_kept(key, state().numbers, key, value);
 }
 
 long esv_zel_systeminfo_facade::esv_zel_systeminfo_get_value(ESV_ZEL_ENTKEY key, std::string& value) {
     TOVR_SIM_RECORD(long, key, value);
-    std::lock_guard<std::mutex> lock(state().mutex);
-    if (long answer = state().key_answer(key)) return answer;
-    auto it = state().texts.find(key);
-    if (it == state().texts.end()) return ESV_ZEL_SYSINFO_ERROR;
-    value = it->second;
-    return ESV_ZEL_SYSINFO_OK;
+    return tovr_sim::read_kept(key, state().texts, key, value);
 }
 
 long esv_zel_systeminfo_facade::esv_zel_systeminfo_set_value(ESV_ZEL_ENTKEY key, unsigned int value) {

@@ -159,10 +159,7 @@ using namespace tovr_sim;
 
 esv_zel_dept_facade::esv_zel_dept_facade() {}
 
-esv_zel_dept_facade* esv_zel_dept_facade::esv_zel_dept_get_instance() {
-    static esv_zel_dept_facade* instance = new esv_zel_dept_facade;
-    return instance;
-}
+TOVR_SIM_FACADE_INSTANCE(dept)
 
 long esv_zel_dept_facade::esv_zel_dept_get_limit_action_mode(ESV_ZEL_DEPT_LIMIT_ACTION& mode) {
     TOVR_SIM_RECORD(long, mode);

@@ -14,10 +14,7 @@ using namespace tovr_sim;
 
 esv_zel_user_facade::esv_zel_user_facade() {}
 
-esv_zel_user_facade* esv_zel_user_facade::esv_zel_user_get_instance() {
-    static esv_zel_user_facade* instance = new esv_zel_user_facade;
-    return instance;
-}
+TOVR_SIM_FACADE_INSTANCE(user)
 
 long esv_zel_user_facade::esv_zel_user_account_login(const std::string& user, const std::string& password,
                                                      ESV_ZEL_USER_AUTHMODE mode, unsigned long* cert_id) {

@@ -37,14 +37,25 @@ ESV_ZEL_USERINFO_RECORD record_of(const LocalUser& u) {
     return r;
 }
 
-ESV_ZEL_USERINFO_RECORD record_of(const ESV_ZEL_HIDE_USERINFO_RECORD& h) {
-    ESV_ZEL_USERINFO_RECORD r;
-    std::memset(&r, 0, sizeof r);
+namespace {
+
+// The fields a user record shares with a hidden one, taken from the hidden one: texts within
+// their fields and terminated.
+template <typename Record>
+void put_shared(Record& r, const ESV_ZEL_HIDE_USERINFO_RECORD& h) {
     put(r.login_name, get(h.login_name));
     put(r.user_name, get(h.user_name));
     put(r.email, get(h.email));
     r.rights = h.rights;
     r.job_limit = h.job_limit;
+}
+
+}  // namespace
+
+ESV_ZEL_USERINFO_RECORD record_of(const ESV_ZEL_HIDE_USERINFO_RECORD& h) {
+    ESV_ZEL_USERINFO_RECORD r;
+    std::memset(&r, 0, sizeof r);
+    put_shared(r, h);
     return r;
 }
 
@@ -85,40 +96,42 @@ unsigned long open_session(Users& u, const std::string& login_name) {
 
 bool known_mode(int mode) { return mode >= ESV_ZEL_USER_AUTHMODE_OFF && mode <= ESV_ZEL_USER_AUTHMODE_NETWORK; }
 
-long login(const std::string& user, const std::string& password, ESV_ZEL_USER_AUTHMODE mode,
-           const std::string& domain, unsigned long* cert_id) {
-    if (cert_id == nullptr || !known_mode(mode) || user.empty()) return ESV_ZEL_USER_PARAM_ERROR;
+namespace {
+
+// check_password() under the users' lock; when the password holds, `then(users, rights)` runs
+// under the same lock.
+template <typename Then>
+long with_password(const std::string& user, const std::string& password, const std::string& domain, Then then) {
     Users& u = users();
     std::lock_guard<std::mutex> lock(u.mutex);
     int rights = 0;
     long rc = check_password(u, user, password, domain, &rights);
-    if (rc != ESV_ZEL_USER_OK) return rc;
-    *cert_id = open_session(u, user);
-    return ESV_ZEL_USER_OK;
+    if (rc == ESV_ZEL_USER_OK) then(u, rights);
+    return rc;
+}
+
+}  // namespace
+
+long login(const std::string& user, const std::string& password, ESV_ZEL_USER_AUTHMODE mode,
+           const std::string& domain, unsigned long* cert_id) {
+    if (cert_id == nullptr || !known_mode(mode) || user.empty()) return ESV_ZEL_USER_PARAM_ERROR;
+    return with_password(user, password, domain, [&](Users& u, int) { *cert_id = open_session(u, user); });
 }
 
 long get_rights(const std::string& user, const std::string& password, const std::string& domain,
                 ESV_ZEL_USER_RIGHTS* rights) {
     if (rights == nullptr) return ESV_ZEL_USER_PARAM_ERROR;
-    Users& u = users();
-    std::lock_guard<std::mutex> lock(u.mutex);
-    int value = 0;
-    long rc = check_password(u, user, password, domain, &value);
-    if (rc == ESV_ZEL_USER_OK) *rights = static_cast<ESV_ZEL_USER_RIGHTS>(value);
-    return rc;
+    return with_password(user, password, domain,
+                         [&](Users&, int value) { *rights = static_cast<ESV_ZEL_USER_RIGHTS>(value); });
 }
 
 // A hidden record as stored: every text within its field and terminated.
 ESV_ZEL_HIDE_USERINFO_RECORD stored(const ESV_ZEL_HIDE_USERINFO_RECORD& in) {
     ESV_ZEL_HIDE_USERINFO_RECORD r;
     std::memset(&r, 0, sizeof r);
-    put(r.login_name, get(in.login_name));
+    put_shared(r, in);
     put(r.login_passwd, get(in.login_passwd));
-    put(r.user_name, get(in.user_name));
-    put(r.email, get(in.email));
     put(r.dept_code, get(in.dept_code));
-    r.rights = in.rights;
-    r.job_limit = in.job_limit;
     return r;
 }
 

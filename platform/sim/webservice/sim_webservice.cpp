@@ -38,12 +38,7 @@ std::string webservice_holder(int kind) {
 }
 
 void webservice_set_holder(int kind, const std::string& name) {
-    std::lock_guard<std::mutex> lock(services().mutex);
-    if (name.empty()) {
-        services().holders.erase(kind);
-    } else {
-        services().holders[kind] = name;
-    }
+    keep_or_forget(services().mutex, services().holders, kind, name);
 }
 
 }  // namespace tovr_sim
@@ -52,10 +47,7 @@ namespace tarnwick {
 
 using tovr_sim::services;
 
-esv_zel_webservice_facade* esv_zel_webservice_facade::esv_zel_webservice_get_instance() {
-    static esv_zel_webservice_facade* instance = new esv_zel_webservice_facade;
-    return instance;
-}
+TOVR_SIM_FACADE_INSTANCE(webservice)
 
 long esv_zel_webservice_facade::esv_zel_webservice_reserve(ESV_ZEL_WEBSERVICE_KIND kind, std::string const& name) {
     TOVR_SIM_RECORD(long, kind, name);

@@ -4,6 +4,7 @@ import java.lang.management.ManagementFactory;
 import java.lang.management.ThreadMXBean;
 import java.util.ArrayList;
 import java.util.Arrays;
+import java.util.function.Consumer;
 import tarnwick.address.SearchKey;
 import tarnwick.sim.SimAddressBook;
 import tarnwick.sim.SimBox;
@@ -47,6 +48,15 @@ public final class ListBench {
 
     interface Body {
         long run();
+    }
+
+    /** A body that fills a new list (room for n entries) with {@code fill} and answers its size. */
+    static Body filling(int n, Consumer<ArrayList<Object>> fill) {
+        return () -> {
+            ArrayList<Object> l = new ArrayList<>(n);
+            fill.accept(l);
+            return l.size();
+        };
     }
 
     static long sink;
@@ -120,51 +130,20 @@ public final class ListBench {
             case "users":
                 SimUsers.reset();
                 SimUsers.addLocalUsers(n - 1);  // and the built-in administrator
-                call = () -> {
-                    ArrayList<Object> l = new ArrayList<>(n);
-                    check(ZELFNDUserJNI.zel_fnd_authentication_get_local_user_list(auth, null, l) == 0 && l.size() == n, "users");
-                    return l.size();
-                };
-                bare = () -> {
-                    ArrayList<Object> l = new ArrayList<>(n);
-                    usersBare(l, false);
-                    return l.size();
-                };
-                traced = () -> {
-                    ArrayList<Object> l = new ArrayList<>(n);
-                    usersBare(l, true);
-                    return l.size();
-                };
-                floor = () -> {
-                    ArrayList<Object> l = new ArrayList<>(n);
-                    usersFloor(l, n);
-                    return l.size();
-                };
+                call = filling(n, l -> check(ZELFNDUserJNI.zel_fnd_authentication_get_local_user_list(auth, null, l) == 0
+                                             && l.size() == n, "users"));
+                bare = filling(n, l -> usersBare(l, false));
+                traced = filling(n, l -> usersBare(l, true));
+                floor = filling(n, l -> usersFloor(l, n));
                 break;
             case "box":
                 SimBox.reset();
                 for (int i = 0; i < n; i++) SimBox.addDocument("/bench", String.format("doc-%05d.pdf", i), i, i * 60, 0);
-                call = () -> {
-                    ArrayList<Object> l = new ArrayList<>(n);
-                    check(zel_fnd_document_box_moduleJNI.zel_fnd_document_manager_zel_fnd_get_easy_box_list(manager, null, "/bench", l) == 0
-                            && l.size() == n, "box");
-                    return l.size();
-                };
-                bare = () -> {
-                    ArrayList<Object> l = new ArrayList<>(n);
-                    boxBare(l, "/bench", false);
-                    return l.size();
-                };
-                traced = () -> {
-                    ArrayList<Object> l = new ArrayList<>(n);
-                    boxBare(l, "/bench", true);
-                    return l.size();
-                };
-                floor = () -> {
-                    ArrayList<Object> l = new ArrayList<>(n);
-                    boxFloor(l, n);
-                    return l.size();
-                };
+                call = filling(n, l -> check(zel_fnd_document_box_moduleJNI.zel_fnd_document_manager_zel_fnd_get_easy_box_list(
+                                                     manager, null, "/bench", l) == 0 && l.size() == n, "box"));
+                bare = filling(n, l -> boxBare(l, "/bench", false));
+                traced = filling(n, l -> boxBare(l, "/bench", true));
+                floor = filling(n, l -> boxFloor(l, n));
                 break;
             default:
                 SimAddressBook.reset();

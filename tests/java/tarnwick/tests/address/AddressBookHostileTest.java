@@ -6,6 +6,8 @@ import static org.junit.jupiter.api.Assertions.assertNull;
 import static tarnwick.tests.address.AddressFixture.FETCH;
 import static tarnwick.tests.address.AddressFixture.FINISH;
 import static tarnwick.tests.address.AddressFixture.PREPARE;
+import static tarnwick.tests.address.AddressFixture.assertEnded;
+import static tarnwick.tests.address.AddressFixture.assertNothingOpen;
 import static tarnwick.tests.address.AddressFixture.count;
 import static tarnwick.tests.address.AddressFixture.generated;
 import static tarnwick.tests.address.AddressFixture.search;
@@ -38,11 +40,6 @@ class AddressBookHostileTest {
     @RegisterExtension
     static final SimDeviceExtension device = new SimDeviceExtension();
 
-    private static void assertNothingOpen() {
-        assertEquals(0, SimDevice.openResources(SimAddressBook.SEARCH), "open searches");
-        assertEquals(0, SimDevice.openResources("platform block"), "platform blocks");
-    }
-
     @Test
     void deleteOfTheNullHandleDoesNothing() {
         CMT_ADDRESSBOOKJNI.delete_cmt_address_book(0);
@@ -55,9 +52,7 @@ class AddressBookHostileTest {
         assertEquals(List.of("3 search_address,[Enter] type = [1]", "0 search_personal_address,keyObj is not a SearchKey"),
                      trace());
         assertEquals(1, count(PREPARE));
-        assertEquals(0, count(FETCH));
-        assertEquals(1, count(FINISH));
-        assertNothingOpen();
+        assertEnded(0, 1);
     }
 
     @Test
@@ -65,9 +60,7 @@ class AddressBookHostileTest {
         SimAddressBook.generate(3, 1);
         assertNull(search(1, new SearchKey(null)));
         assertEquals(List.of("3 search_address,[Enter] type = [1]", "0 search_personal_address,keyObj.name==NULL"), trace());
-        assertEquals(0, count(FETCH));
-        assertEquals(1, count(FINISH));
-        assertNothingOpen();
+        assertEnded(0, 1);
     }
 
     static class NarrowKey extends SearchKey {

@@ -9,6 +9,8 @@ import static org.junit.jupiter.api.Assertions.assertTrue;
 import static tarnwick.tests.address.AddressFixture.FETCH;
 import static tarnwick.tests.address.AddressFixture.FINISH;
 import static tarnwick.tests.address.AddressFixture.PREPARE;
+import static tarnwick.tests.address.AddressFixture.assertEnded;
+import static tarnwick.tests.address.AddressFixture.assertNothingOpen;
 import static tarnwick.tests.address.AddressFixture.count;
 import static tarnwick.tests.address.AddressFixture.generated;
 import static tarnwick.tests.address.AddressFixture.search;
@@ -31,11 +33,6 @@ import tarnwick.zel.address.PersonalAddressImpl;
 class AddressBookTest {
     @RegisterExtension
     static final SimDeviceExtension device = new SimDeviceExtension();
-
-    private static void assertNothingOpen() {
-        assertEquals(0, SimDevice.openResources(SimAddressBook.SEARCH), "open searches");
-        assertEquals(0, SimDevice.openResources("platform block"), "platform blocks");
-    }
 
     /** `matches` entries named "Person ..." among others named "Other ...". */
     private static void book(int matches) {
@@ -209,9 +206,7 @@ class AddressBookTest {
         SimDevice.forceResult(PREPARE, 0x04010005L, 1);
         assertNull(search(1, new SearchKey("Person")));
         assertEquals(List.of("3 search_address,[Enter] type = [1]", "0 search_personal_address,Fail to prepare!"), trace());
-        assertEquals(0, count(FETCH));
-        assertEquals(0, count(FINISH));
-        assertNothingOpen();
+        assertEnded(0, 0);
     }
 
     @Test
@@ -224,9 +219,7 @@ class AddressBookTest {
                              "3 search_personal_address,plen = [3]", "0 search_personal_address,Fail to prepare!"),
                      trace());
         assertEquals(List.of("20", "1"), AddressFixture.prepares());
-        assertEquals(1, count(FETCH));
-        assertEquals(1, count(FINISH));
-        assertNothingOpen();
+        assertEnded(1, 1);
     }
 
     @Test
@@ -251,9 +244,7 @@ class AddressBookTest {
         assertNull(search(1, new SearchKey("Person")));
         List<String> t = trace();
         assertEquals("0 search_personal_address,[Fail to search! result = [0x04010011]", t.get(t.size() - 1));
-        assertEquals(1 + 3, count(FETCH));
-        assertEquals(2, count(FINISH));
-        assertNothingOpen();
+        assertEnded(1 + 3, 2);
     }
 
     @Test
@@ -281,9 +272,7 @@ class AddressBookTest {
         assertNull(search(1, new SearchKey("Person")));
         List<String> t = trace();
         assertEquals("0 search_personal_address,address == NULL", t.get(t.size() - 1));
-        assertEquals(1, count(FETCH));  // the count pass only
-        assertEquals(2, count(FINISH));
-        assertNothingOpen();
+        assertEnded(1, 2);  // fetches: the count pass only
     }
 
     @Test
@@ -292,9 +281,7 @@ class AddressBookTest {
         SimAddressBook.failAllocAfterPrepares(1);
         assertNull(search(1, new SearchKey("Person")));
         assertEquals(List.of("3 search_address,[Enter] type = [1]", "0 search_personal_address,buffer == NULL"), trace());
-        assertEquals(0, count(FETCH));
-        assertEquals(1, count(FINISH));
-        assertNothingOpen();
+        assertEnded(0, 1);
     }
 
     @Test

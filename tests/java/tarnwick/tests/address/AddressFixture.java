@@ -1,7 +1,10 @@
 package tarnwick.tests.address;
 
+import static org.junit.jupiter.api.Assertions.assertEquals;
+
 import java.util.ArrayList;
 import java.util.List;
+import tarnwick.sim.SimAddressBook;
 import tarnwick.sim.SimDevice;
 import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.address.PersonalAddressImpl;
@@ -38,6 +41,19 @@ final class AddressFixture {
 
     static int count(String op) {
         return SimDevice.callCount(op);
+    }
+
+    /** No search and no platform block left open. */
+    static void assertNothingOpen() {
+        assertEquals(0, SimDevice.openResources(SimAddressBook.SEARCH), "open searches");
+        assertEquals(0, SimDevice.openResources("platform block"), "platform blocks");
+    }
+
+    /** The search ended after {@code fetches} fetches and {@code finishes} finishes, leaving nothing open. */
+    static void assertEnded(int fetches, int finishes) {
+        assertEquals(fetches, count(FETCH));
+        assertEquals(finishes, count(FINISH));
+        assertNothingOpen();
     }
 
     /** Per-fetch count of each prepare, in order. */

@@ -4,31 +4,19 @@ import static org.junit.jupiter.api.Assertions.assertEquals;
 import static tarnwick.zel.wrapper.appinfo.cmt_appinfoJNI.*;
 
 import java.util.List;
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
-import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimPanel;
 import tarnwick.sim.SimSystem;
+import tarnwick.tests.support.HandleFixture;
 import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.wrapper.appinfo.cmt_appinfo_proxy;
+import tarnwick.zel.wrapper.appinfo.cmt_appinfoJNI;
 
 /** The application-information module in a real JVM on the simulated device. */
-class AppInfoTest {
-    @RegisterExtension
-    static final SimDeviceExtension device = new SimDeviceExtension(false);
-
-    private long h;
-
-    @BeforeEach
-    void setUp() {
-        h = new_cmt_appinfo_proxy();
-    }
-
-    @AfterEach
-    void tearDown() {
-        delete_cmt_appinfo_proxy(h);
+class AppInfoTest extends HandleFixture {
+    AppInfoTest() {
+        super(cmt_appinfoJNI::new_cmt_appinfo_proxy, cmt_appinfoJNI::delete_cmt_appinfo_proxy);
     }
 
     @Test

@@ -8,35 +8,17 @@ import static org.junit.jupiter.api.Assertions.assertTrue;
 import static tarnwick.zel.wrapper.device.attribute.CMT_ICCardJNI.*;
 
 import java.util.List;
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
-import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimAcc;
 import tarnwick.sim.SimDevice;
+import tarnwick.tests.support.HostileHandleFixture;
 import tarnwick.tests.support.SimDeviceExtension;
+import tarnwick.zel.wrapper.device.attribute.CMT_ICCardJNI;
 
 /** Hostile calls of the IC card module: out-of-range indexes and sites, huge texts, extreme chars. */
-class CMT_ICCardHostileTest {
-    @RegisterExtension
-    static final SimDeviceExtension device = new SimDeviceExtension(false);
-
-    private long h;
-
-    @BeforeEach
-    void setUp() {
-        h = new_CMT_Device_ICCard();
-    }
-
-    @AfterEach
-    void tearDown() {
-        delete_CMT_Device_ICCard(h);
-    }
-
-    @Test
-    void deleteOfNullDoesNothing() {
-        delete_CMT_Device_ICCard(0);
-        assertEquals(0, SimDevice.allCalls().length);
+class CMT_ICCardHostileTest extends HostileHandleFixture {
+    CMT_ICCardHostileTest() {
+        super(CMT_ICCardJNI::new_CMT_Device_ICCard, CMT_ICCardJNI::delete_CMT_Device_ICCard);
     }
 
     @Test

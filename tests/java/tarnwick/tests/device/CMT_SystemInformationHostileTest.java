@@ -7,38 +7,19 @@ import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 import static tarnwick.zel.wrapper.device.attribute.CMT_SystemInformationJNI.*;
 
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
-import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimCommon;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimSystem;
+import tarnwick.tests.support.HostileHandleFixture;
 import tarnwick.tests.support.SimDeviceExtension;
+import tarnwick.zel.wrapper.device.attribute.CMT_SystemInformationJNI;
 
 /** Hostile calls of the system-information module: null handles, huge texts and numbers, odd arrays. */
-class CMT_SystemInformationHostileTest {
-    @RegisterExtension
-    static final SimDeviceExtension device = new SimDeviceExtension(false);
-
-    private long h;
-
-    @BeforeEach
-    void setUp() {
-        h = new_CMT_System_Info();
-    }
-
-    @AfterEach
-    void tearDown() {
-        delete_CMT_System_Info(h);
-    }
-
-    @Test
-    void deleteOfNullDoesNothing() {
-        delete_CMT_System_Info(0);
-        delete_ESV_ZEL_PAPER_INFO(0);
-        delete_ESV_ZEL_COUNT_INFO(0);
-        assertEquals(0, SimDevice.allCalls().length);
+class CMT_SystemInformationHostileTest extends HostileHandleFixture {
+    CMT_SystemInformationHostileTest() {
+        super(CMT_SystemInformationJNI::new_CMT_System_Info, CMT_SystemInformationJNI::delete_CMT_System_Info,
+                CMT_SystemInformationJNI::delete_ESV_ZEL_PAPER_INFO, CMT_SystemInformationJNI::delete_ESV_ZEL_COUNT_INFO);
     }
 
     @Test

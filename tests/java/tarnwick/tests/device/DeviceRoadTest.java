@@ -40,24 +40,14 @@ class DeviceRoadTest {
                        + cardTypes);
         }
     };
-    private long manager;
     private long info;
 
     @BeforeEach
     void start() {
-        CommonProxy.addListener(common);
-        AccProxy.addListener(acc);
-        manager = ZELFNDEventJNI.new_zel_fnd_event_manager();
-        ZELFNDEventJNI.zel_fnd_event_manager_init(manager, null);
-        info = CMT_SystemInformationJNI.new_CMT_System_Info();
-    }
-
-    @AfterEach
-    void stop() {
-        CMT_SystemInformationJNI.delete_CMT_System_Info(info);
-        ZELFNDEventJNI.delete_zel_fnd_event_manager(manager);
-        CommonProxy.removeListener(common);
-        AccProxy.removeListener(acc);
+        device.listen(CommonProxy.listeners, common);
+        device.listen(AccProxy.listeners, acc);
+        device.startEventManager();
+        info = device.make(CMT_SystemInformationJNI::new_CMT_System_Info, CMT_SystemInformationJNI::delete_CMT_System_Info);
     }
 
     @Test

@@ -9,33 +9,22 @@ import static tarnwick.zel.wrapper.device.attribute.CMT_ICCardJNI.*;
 
 import java.util.ArrayList;
 import java.util.List;
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
-import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimAcc;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimSystem;
+import tarnwick.tests.support.HandleFixture;
 import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.wrapper.device.attribute.CMT_Device_ICCard;
+import tarnwick.zel.wrapper.device.attribute.CMT_ICCardJNI;
 
 /** The IC card module in a real JVM on the simulated reader. */
-class ICCardTest {
-    @RegisterExtension
-    static final SimDeviceExtension device = new SimDeviceExtension(false);
+class ICCardTest extends HandleFixture {
+    ICCardTest() {
+        super(CMT_ICCardJNI::new_CMT_Device_ICCard, CMT_ICCardJNI::delete_CMT_Device_ICCard);
+    }
 
     private static final String NO_TEXT = "basic_string: construction from null is not valid";
-    private long h;
-
-    @BeforeEach
-    void setUp() {
-        h = new_CMT_Device_ICCard();
-    }
-
-    @AfterEach
-    void tearDown() {
-        delete_CMT_Device_ICCard(h);
-    }
 
     private static List<String> trace() {
         return SimDeviceExtension.trace("cmt_device_iccard");

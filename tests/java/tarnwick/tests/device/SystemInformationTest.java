@@ -8,34 +8,23 @@ import static org.junit.jupiter.api.Assertions.assertTrue;
 import static tarnwick.zel.wrapper.device.attribute.CMT_SystemInformationJNI.*;
 
 import java.util.List;
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
-import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimCommon;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimPanel;
 import tarnwick.sim.SimSystem;
+import tarnwick.tests.support.HandleFixture;
 import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.wrapper.device.attribute.CMT_System_Info;
+import tarnwick.zel.wrapper.device.attribute.CMT_SystemInformationJNI;
 
 /** The system-information module in a real JVM on the simulated device. */
-class SystemInformationTest {
-    @RegisterExtension
-    static final SimDeviceExtension device = new SimDeviceExtension(false);
+class SystemInformationTest extends HandleFixture {
+    SystemInformationTest() {
+        super(CMT_SystemInformationJNI::new_CMT_System_Info, CMT_SystemInformationJNI::delete_CMT_System_Info);
+    }
 
     private static final long COMPETENCE = 0x04010501L, ERROR = 0x04010502L, UNSUPPORTED = 0x04010503L;
-    private long h;
-
-    @BeforeEach
-    void setUp() {
-        h = new_CMT_System_Info();
-    }
-
-    @AfterEach
-    void tearDown() {
-        delete_CMT_System_Info(h);
-    }
 
     private static List<String> trace() {
         return SimDeviceExtension.trace("cmt_system_info");

@@ -5,32 +5,21 @@ import static org.junit.jupiter.api.Assertions.assertThrows;
 import static tarnwick.zel.wrapper.webservice.zel_fnd_webservice_moduleJNI.*;
 
 import java.util.List;
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
-import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimWebService;
+import tarnwick.tests.support.HandleFixture;
 import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.wrapper.webservice.zel_fnd_webservice_proxy;
+import tarnwick.zel.wrapper.webservice.zel_fnd_webservice_moduleJNI;
 
 /** Web service reservation in a real JVM on the simulated device. */
-class WebServiceTest {
-    @RegisterExtension
-    static final SimDeviceExtension device = new SimDeviceExtension(false);
+class WebServiceTest extends HandleFixture {
+    WebServiceTest() {
+        super(zel_fnd_webservice_moduleJNI::new_zel_fnd_webservice_proxy, zel_fnd_webservice_moduleJNI::delete_zel_fnd_webservice_proxy);
+    }
 
     private static final int SCAN = 0, PRINT = 1, DEVICE = 2;
-    private long h;
-
-    @BeforeEach
-    void setUp() {
-        h = new_zel_fnd_webservice_proxy();
-    }
-
-    @AfterEach
-    void tearDown() {
-        delete_zel_fnd_webservice_proxy(h);
-    }
 
     private static List<String> trace() {
         return SimDeviceExtension.trace("zel_fnd_webservice_proxy");

@@ -3,38 +3,19 @@ package tarnwick.tests.device;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static tarnwick.zel.wrapper.appinfo.cmt_appinfoJNI.*;
 
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
-import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimPanel;
 import tarnwick.sim.SimSystem;
+import tarnwick.tests.support.HostileHandleFixture;
 import tarnwick.tests.support.SimDeviceExtension;
+import tarnwick.zel.wrapper.appinfo.cmt_appinfoJNI;
 
 /** Hostile calls of the application-information module: null handles and names, huge texts, extreme keys. */
-class cmt_appinfoHostileTest {
-    @RegisterExtension
-    static final SimDeviceExtension device = new SimDeviceExtension(false);
-
-    private long h;
-
-    @BeforeEach
-    void setUp() {
-        h = new_cmt_appinfo_proxy();
-    }
-
-    @AfterEach
-    void tearDown() {
-        delete_cmt_appinfo_proxy(h);
-    }
-
-    @Test
-    void deleteOfNullDoesNothing() {
-        delete_cmt_appinfo_proxy(0);
-        delete_ESV_ZEL_PAPER_INFO(0);
-        delete_ESV_ZEL_COUNT_INFO(0);
-        assertEquals(0, SimDevice.allCalls().length);
+class cmt_appinfoHostileTest extends HostileHandleFixture {
+    cmt_appinfoHostileTest() {
+        super(cmt_appinfoJNI::new_cmt_appinfo_proxy, cmt_appinfoJNI::delete_cmt_appinfo_proxy,
+                cmt_appinfoJNI::delete_ESV_ZEL_PAPER_INFO, cmt_appinfoJNI::delete_ESV_ZEL_COUNT_INFO);
     }
 
     @Test

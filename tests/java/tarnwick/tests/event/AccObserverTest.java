@@ -3,11 +3,10 @@ package tarnwick.tests.event;
 import static org.junit.jupiter.api.Assertions.assertArrayEquals;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertTrue;
+import static tarnwick.tests.event.EventFixture.OK;
 
 import java.io.ByteArrayOutputStream;
 import java.util.List;
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
 import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimAcc;
@@ -22,19 +21,10 @@ class AccObserverTest {
 
     private static final String M = "zel_fnd_acc_observer";
     private static final int PARTITION_SIZE = 16256;
-    private static final long[] OK = {0L};
     private static final long[] FAILED = {0x04010A05L};
-    private EventFixture f;
 
-    @BeforeEach
-    void start() {
-        f = new EventFixture();
-    }
-
-    @AfterEach
-    void stop() {
-        f.close();
-    }
+    @RegisterExtension
+    final EventFixture f = new EventFixture();
 
     /** Card data as the device writes it. */
     private static final class Card {
@@ -79,9 +69,9 @@ class AccObserverTest {
         assertArrayEquals(OK, SimAcc.iccardDetect("0123456789ABCDEF", 3, 0, 5));
         assertEquals(0, card().getSystemData().length);
         assertEquals(0, SimDevice.callCount("emwOSWIpcCreateMemPart"));
-        assertEquals(List.of("icCard 0123456789ABCDEF"), f.events);
-        assertEquals(List.of("3 notify_iccard_detect,[Start]", "3 notify_iccard_detect,card_info.card_data_size = 0",
-                "3 notify_iccard_detect,[End]"), SimDeviceExtension.trace(M));
+        f.assertSeen(List.of("icCard 0123456789ABCDEF"), M,
+                List.of("3 notify_iccard_detect,[Start]", "3 notify_iccard_detect,card_info.card_data_size = 0",
+                "3 notify_iccard_detect,[End]"));
     }
 
     @Test
@@ -148,10 +138,8 @@ class AccObserverTest {
         f.events.clear();
         SimDevice.clearTrace();
         assertArrayEquals(FAILED, SimAcc.iccardDetect("past", 3, 1, 24));
-        assertEquals(List.of(), f.events);
-        assertEquals(List.of("3 notify_iccard_detect,[Start]",
-                "0 notify_iccard_detect,card data run past the end of DVC_ACC_ICCARD_DATA_PARTITION. blkid = [24]"),
-                SimDeviceExtension.trace(M));
+        f.assertSeen(List.of(), M, List.of("3 notify_iccard_detect,[Start]",
+                "0 notify_iccard_detect,card data run past the end of DVC_ACC_ICCARD_DATA_PARTITION. blkid = [24]"));
         // Every count at its maximum: far past the end.
         byte[] big = new byte[PARTITION_SIZE];
         java.util.Arrays.fill(big, (byte) 0xFF);
@@ -169,11 +157,10 @@ class AccObserverTest {
         assertArrayEquals(FAILED, SimAcc.iccardDetect("x", 1, 4, 1));
         SimDevice.forceResult("emwOSWIpcGetBlockByIdMemPart", 0x3L, 1);
         assertArrayEquals(FAILED, SimAcc.iccardDetect("x", 1, 4, 1));
-        assertEquals(List.of(), f.events);
-        assertEquals(List.of("3 notify_iccard_detect,[Start]",
+        f.assertSeen(List.of(), M, List.of("3 notify_iccard_detect,[Start]",
                 "0 notify_iccard_detect,emwOSWIpcCreateMemPart() EMWRET = [0x8000000b]",
                 "3 notify_iccard_detect,[Start]",
-                "0 notify_iccard_detect,emwOSWIpcGetBlockByIdMemPart() EMWRET = [0x00000003]"), SimDeviceExtension.trace(M));
+                "0 notify_iccard_detect,emwOSWIpcGetBlockByIdMemPart() EMWRET = [0x00000003]"));
     }
 
     @Test
@@ -181,19 +168,15 @@ class AccObserverTest {
         assertArrayEquals(OK, SimAcc.iccardStateChange(0x1234, 0xFFFF, 0xFF, 1));
         assertArrayEquals(OK, SimAcc.iccardStateChange(1, 2, 4, 2));
         assertArrayEquals(OK, SimAcc.iccardReadError(-5));
-        assertEquals(List.of("icCardDevice 65535 4660 true -1", "icCardDevice 2 1 false 4", "icCardError -5"), f.events);
-        assertEquals(List.of("3 notify_iccard_state_change_info,[Start]", "3 notify_iccard_state_change_info,[End]",
+        f.assertSeen(List.of("icCardDevice 65535 4660 true -1", "icCardDevice 2 1 false 4", "icCardError -5"), M,
+                List.of("3 notify_iccard_state_change_info,[Start]", "3 notify_iccard_state_change_info,[End]",
                 "3 notify_iccard_state_change_info,[Start]", "3 notify_iccard_state_change_info,[End]",
-                "3 notify_iccard_read_error,[Enter]", "3 notify_iccard_read_error,[Exit]"), SimDeviceExtension.trace(M));
+                "3 notify_iccard_read_error,[Enter]", "3 notify_iccard_read_error,[Exit]"));
     }
 
     @Test
     void attachFailureAnswers0x04010A05WithoutJava() {
-        SimDevice.failAttach(3);
-        assertArrayEquals(FAILED, SimAcc.iccardDetect("x", 1, 0, 0));
-        assertArrayEquals(FAILED, SimAcc.iccardReadError(1));
-        assertArrayEquals(FAILED, SimAcc.iccardStateChange(1, 1, 1, 1));
-        assertEquals(List.of(), f.events);
-        assertEquals(List.of(), SimDeviceExtension.trace(M));
+        f.assertAttachFailures(FAILED, M, () -> SimAcc.iccardDetect("x", 1, 0, 0), () -> SimAcc.iccardReadError(1),
+                () -> SimAcc.iccardStateChange(1, 1, 1, 1));
     }
 }

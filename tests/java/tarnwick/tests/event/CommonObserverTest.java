@@ -2,39 +2,35 @@ package tarnwick.tests.event;
 
 import static org.junit.jupiter.api.Assertions.assertArrayEquals;
 import static org.junit.jupiter.api.Assertions.assertEquals;
+import static tarnwick.tests.event.EventFixture.OK;
+import static tarnwick.tests.event.EventFixture.notification;
 
 import java.util.List;
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeEach;
+import java.util.stream.Stream;
 import org.junit.jupiter.api.Test;
-import org.junit.jupiter.api.extension.RegisterExtension;
+import org.junit.jupiter.params.provider.Arguments;
 import tarnwick.sim.SimCommon;
 import tarnwick.sim.SimDevice;
 import tarnwick.tests.support.SimDeviceExtension;
 
-class CommonObserverTest {
-    @RegisterExtension
-    static final SimDeviceExtension device = new SimDeviceExtension(false);
-
+class CommonObserverTest extends NotificationCases {
     private static final String M = "zel_fnd_common_observer";
-    private static final long[] OK = {0L};
-    private EventFixture f;
 
-    @BeforeEach
-    void start() {
-        f = new EventFixture();
+    CommonObserverTest() {
+        super(M);
     }
 
-    @AfterEach
-    void stop() {
-        f.close();
-    }
-
-    @Test
-    void tonerLevelsArePassedInReverseOrder() {
-        assertArrayEquals(OK, SimCommon.tonerStatus(1, 2));
-        assertEquals(List.of("tonerLevel 2 1"), f.events);
-        assertEquals(List.of("3 notify_toner_status,[Start]", "3 notify_toner_status,[End]"), SimDeviceExtension.trace(M));
+    static Stream<Arguments> oneNotification() {
+        return Stream.of(
+                notification("tonerLevelsArePassedInReverseOrder", () -> SimCommon.tonerStatus(1, 2),
+                        List.of("tonerLevel 2 1"),
+                        List.of("3 notify_toner_status,[Start]", "3 notify_toner_status,[End]")),
+                notification("oddScenarioCompletesTheActivation", () -> SimCommon.requestActivate(13, 0xFFFFFFFFL),
+                        List.of("completedActivation 13 4294967295"),
+                        List.of("3 request_activate,[Start]", "3 request_activate,[FIN] end. success.")),
+                notification("evenScenarioAsksForPreparation", () -> SimCommon.requestActivate(12, 5),
+                        List.of("prepareActivation 12 5"),
+                        List.of("3 request_activate,[Start]", "3 request_activate,success.")));
     }
 
     @Test
@@ -47,10 +43,9 @@ class CommonObserverTest {
     void keyCardAndKeyCounterReachTheSameMethod() {
         assertArrayEquals(OK, SimCommon.keyCardStatus(200));
         assertArrayEquals(OK, SimCommon.keyCounterStatus(7));
-        assertEquals(List.of("keyDevice 200", "keyDevice 7"), f.events);
-        assertEquals(List.of("3 notify_key_card_status,[Start]. status = [200]", "3 notify_key_card_status,[End]",
-                "3 notify_key_counter_status,[Start]. status = [7]", "3 notify_key_counter_status,[End]"),
-                SimDeviceExtension.trace(M));
+        f.assertSeen(List.of("keyDevice 200", "keyDevice 7"), M,
+                List.of("3 notify_key_card_status,[Start]. status = [200]", "3 notify_key_card_status,[End]",
+                "3 notify_key_counter_status,[Start]. status = [7]", "3 notify_key_counter_status,[End]"));
     }
 
     @Test
@@ -75,44 +70,25 @@ class CommonObserverTest {
     }
 
     @Test
-    void oddScenarioCompletesTheActivation() {
-        assertArrayEquals(OK, SimCommon.requestActivate(13, 0xFFFFFFFFL));
-        assertEquals(List.of("completedActivation 13 4294967295"), f.events);
-        assertEquals(List.of("3 request_activate,[Start]", "3 request_activate,[FIN] end. success."), SimDeviceExtension.trace(M));
-    }
-
-    @Test
-    void evenScenarioAsksForPreparation() {
-        assertArrayEquals(OK, SimCommon.requestActivate(12, 5));
-        assertEquals(List.of("prepareActivation 12 5"), f.events);
-        assertEquals(List.of("3 request_activate,[Start]", "3 request_activate,success."), SimDeviceExtension.trace(M));
-    }
-
-    @Test
     void refusedPreparationAnswers0x04010206() {
         f.prepareAnswer = false;
         assertArrayEquals(new long[] {0x04010206L}, SimCommon.requestActivate(0, 1));
-        assertEquals(List.of("prepareActivation 0 1"), f.events);
-        assertEquals(List.of("3 request_activate,[Start]", "0 request_activate,failed."), SimDeviceExtension.trace(M));
+        f.assertSeen(List.of("prepareActivation 0 1"), M,
+                List.of("3 request_activate,[Start]", "0 request_activate,failed."));
     }
 
     @Test
     void scenarioAbove13FiresNothing() {
         assertArrayEquals(OK, SimCommon.requestActivate(14, 1));
         assertArrayEquals(OK, SimCommon.requestActivate(-1, 1));
-        assertEquals(List.of(), f.events);
-        assertEquals(List.of("3 request_activate,[Start]", "0 request_activate,[FIN] end. unknown scenario.",
-                "3 request_activate,[Start]", "0 request_activate,[FIN] end. unknown scenario."), SimDeviceExtension.trace(M));
+        f.assertSeen(List.of(), M, List.of("3 request_activate,[Start]", "0 request_activate,[FIN] end. unknown scenario.",
+                "3 request_activate,[Start]", "0 request_activate,[FIN] end. unknown scenario."));
     }
 
     @Test
     void attachFailureAnswers0x04010207AndCallsNoJava() {
-        SimDevice.failAttach(1);
-        assertArrayEquals(new long[] {0x04010207L}, SimCommon.coverStatus(1));
-        SimDevice.failAttach(1);
-        assertArrayEquals(new long[] {0x04010207L}, SimCommon.requestActivate(12, 1));
-        assertEquals(List.of(), f.events);
-        assertEquals(List.of(), SimDeviceExtension.trace(M));
+        f.assertAttachFailures(new long[] {0x04010207L}, M,
+                () -> SimCommon.coverStatus(1), () -> SimCommon.requestActivate(12, 1));
         assertArrayEquals(OK, SimCommon.coverStatus(2));
         assertEquals(List.of("cover 2"), f.events);
     }

@@ -32,7 +32,7 @@ class ConcurrencyTest {
 
     @Test
     void everyDeliveredEventArrivesExactlyOnce() throws Exception {
-        try (EventFixture f = new EventFixture()) {
+        try (EventFixture f = EventFixture.started(true)) {
             Map<String, Integer> delivered = new ConcurrentHashMap<>();
             List<Throwable> failures = new CopyOnWriteArrayList<>();
             List<Thread> threads = new java.util.ArrayList<>();

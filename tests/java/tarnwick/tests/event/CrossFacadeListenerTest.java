@@ -4,6 +4,7 @@ import static org.junit.jupiter.api.Assertions.assertArrayEquals;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertTrue;
+import static tarnwick.tests.event.EventFixture.OK;
 
 import java.util.List;
 import java.util.concurrent.CopyOnWriteArrayList;
@@ -32,7 +33,6 @@ class CrossFacadeListenerTest {
     @RegisterExtension
     static final SimDeviceExtension device = new SimDeviceExtension();
 
-    private static final long[] OK = {0L};
 
     @Test
     void listenersCallingIntoEachOthersServiceAtOnceBothReturn() throws Exception {
@@ -47,7 +47,7 @@ class CrossFacadeListenerTest {
         AtomicReference<Object> prohibitAnswer = new AtomicReference<>();
         CountDownLatch sleepSeen = new CountDownLatch(1);
         CountDownLatch prohibitionSeen = new CountDownLatch(1);
-        JobProxy.addListener(new JobProxy.Listener() {
+        JobProxy.listeners.add(new JobProxy.Listener() {
             @Override public void scanCount(long first, long second) {
                 if (first != 1) return;
                 try {
@@ -63,7 +63,7 @@ class CrossFacadeListenerTest {
                 if (id == set[0]) prohibitionSeen.countDown();
             }
         });
-        CommonProxy.addListener(new CommonProxy.Listener() {
+        CommonProxy.listeners.add(new CommonProxy.Listener() {
             @Override public void cover(long status) {
                 if (status != 1) return;
                 try {
@@ -100,7 +100,7 @@ class CrossFacadeListenerTest {
 
         jobs.delete();
         manager.delete();
-        JobProxy.removeAllListeners();
-        CommonProxy.removeAllListeners();
+        JobProxy.listeners.clear();
+        CommonProxy.listeners.clear();
     }
 }

@@ -1,9 +1,19 @@
 package tarnwick.tests.event;
 
+import static org.junit.jupiter.api.Assertions.assertArrayEquals;
+import static org.junit.jupiter.api.Assertions.assertEquals;
+
 import java.util.ArrayList;
 import java.util.Collections;
 import java.util.List;
+import java.util.function.Supplier;
+import org.junit.jupiter.api.extension.AfterEachCallback;
+import org.junit.jupiter.api.extension.BeforeEachCallback;
+import org.junit.jupiter.api.extension.ExtensionContext;
+import org.junit.jupiter.params.provider.Arguments;
 import tarnwick.sim.SimDevice;
+import tarnwick.tests.support.EventProxies;
+import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.controller.event.device.ICCardInfo;
 import tarnwick.zel.controller.event.job.InterpreterInfo;
 import tarnwick.zel.controller.event.job.Job;
@@ -16,24 +26,44 @@ import tarnwick.zel.controller.event.proxy.PanelProxy;
 import tarnwick.zel.controller.event.proxy.SynchronousEventProxy;
 import tarnwick.zel.wrapper.event.ZELFNDEventJNI;
 
-/** A started event manager, listeners that record every event as text, and trace helpers. */
-final class EventFixture implements AutoCloseable {
+/**
+ * A started event manager, listeners that record every event as text, and trace helpers. Per test:
+ * {@code @RegisterExtension final EventFixture f = new EventFixture();} (started before each test,
+ * after the device's reset, and closed after it); within a test: {@code EventFixture.started(init)}.
+ */
+final class EventFixture implements AutoCloseable, BeforeEachCallback, AfterEachCallback {
+    /** What an observer answers the device for an event it handled. */
+    static final long[] OK = {0L};
+
     final List<String> events = Collections.synchronizedList(new ArrayList<>());
     final List<Object> objects = Collections.synchronizedList(new ArrayList<>());
     volatile boolean prepareAnswer = true;
     volatile RuntimeException throwFromListeners;
     long manager;
 
-    EventFixture() {
-        this(true);
+    /** A fixture started now; {@code init}: the event manager started too. */
+    static EventFixture started(boolean init) {
+        EventFixture f = new EventFixture();
+        f.start(init);
+        return f;
     }
 
-    EventFixture(boolean start) {
+    @Override
+    public void beforeEach(ExtensionContext context) {
+        start(true);
+    }
+
+    @Override
+    public void afterEach(ExtensionContext context) {
+        close();
+    }
+
+    private void start(boolean init) {
         SimDevice.reset();
-        removeListeners();
+        EventProxies.removeAllListeners();
         addListeners();
         manager = ZELFNDEventJNI.new_zel_fnd_event_manager();
-        if (start) ZELFNDEventJNI.zel_fnd_event_manager_init(manager, null);
+        if (init) ZELFNDEventJNI.zel_fnd_event_manager_init(manager, null);
         SimDevice.clearTrace();
         SimDevice.clearCalls();
     }
@@ -43,16 +73,32 @@ final class EventFixture implements AutoCloseable {
         SimDevice.failAttach(0);
         ZELFNDEventJNI.delete_zel_fnd_event_manager(manager);
         manager = 0;
-        removeListeners();
+        EventProxies.removeAllListeners();
     }
 
-    static void removeListeners() {
-        CommonProxy.removeAllListeners();
-        SynchronousEventProxy.removeAllListeners();
-        JobProxy.removeAllListeners();
-        JobInfoProxy.removeAllListeners();
-        AccProxy.removeAllListeners();
-        PanelProxy.removeAllListeners();
+    /**
+     * A case of one notification: its name, the device raising it (answered {@link #OK}), what the
+     * listeners record and what the observer traces.
+     */
+    static Arguments notification(String name, Supplier<long[]> raise, List<String> events, List<String> trace) {
+        return Arguments.of(name, raise, events, trace);
+    }
+
+    /** The listeners recorded {@code expected}, and the observer {@code module} traced {@code trace}. */
+    void assertSeen(List<String> expected, String module, List<String> trace) {
+        assertEquals(expected, events);
+        assertEquals(trace, SimDeviceExtension.trace(module));
+    }
+
+    /**
+     * The device thread cannot attach for the next notifications: each of {@code raises} answers
+     * {@code failed}, and nothing reaches the listeners or the trace of the observer {@code module}.
+     */
+    @SafeVarargs
+    final void assertAttachFailures(long[] failed, String module, Supplier<long[]>... raises) {
+        SimDevice.failAttach(raises.length);
+        for (Supplier<long[]> raise : raises) assertArrayEquals(failed, raise.get());
+        assertSeen(List.of(), module, List.of());
     }
 
     private void record(String event) {
@@ -62,7 +108,7 @@ final class EventFixture implements AutoCloseable {
     }
 
     private void addListeners() {
-        CommonProxy.addListener(new CommonProxy.Listener() {
+        CommonProxy.listeners.add(new CommonProxy.Listener() {
             @Override public void logout() { record("logout"); }
             @Override public void communicationError() { record("communicationError"); }
             @Override public void sleep(int state) { record("sleep " + state); }
@@ -75,7 +121,7 @@ final class EventFixture implements AutoCloseable {
             @Override public void wasteToner(short status) { record("wasteToner " + status); }
             @Override public void keyDevice(int status) { record("keyDevice " + status); }
         });
-        SynchronousEventProxy.addListener(new SynchronousEventProxy.Listener() {
+        SynchronousEventProxy.listeners.add(new SynchronousEventProxy.Listener() {
             @Override public void systemRestart(int type) { record("systemRestart " + type); }
             @Override public void networkRestart(int type) { record("networkRestart " + type); }
             @Override public boolean prepareActivation(int scenario, long value) {
@@ -84,7 +130,7 @@ final class EventFixture implements AutoCloseable {
             }
             @Override public void residentAppsStateChanged(int state) { record("residentAppsStateChanged " + state); }
         });
-        JobProxy.addListener(new JobProxy.Listener() {
+        JobProxy.listeners.add(new JobProxy.Listener() {
             @Override public void jobStateChanged(Job job) {
                 objects.add(job);
                 record("jobStateChanged " + job.getJobid() + " " + job.getState() + " " + job.getJobMode() + " "
@@ -95,19 +141,19 @@ final class EventFixture implements AutoCloseable {
             @Override public void combConstraint(long id) { record("combConstraint " + id); }
             @Override public void panelMessageUpdate(long id) { record("panelMessageUpdate " + id); }
         });
-        JobInfoProxy.addListener(new JobInfoProxy.Listener() {
+        JobInfoProxy.listeners.add(new JobInfoProxy.Listener() {
             @Override public void page(Object info) { objects.add(info); record("page " + info); }
             @Override public void jobLog(JobLogInfo info) { objects.add(info); record("jobLog " + info); }
             @Override public void interpreter(InterpreterInfo info) { objects.add(info); record("interpreter " + info); }
         });
-        AccProxy.addListener(new AccProxy.Listener() {
+        AccProxy.listeners.add(new AccProxy.Listener() {
             @Override public void icCard(ICCardInfo info) { objects.add(info); record("icCard " + info.getCardId()); }
             @Override public void icCardError(int code) { record("icCardError " + code); }
             @Override public void icCardDevice(int vendor, int product, boolean connected, byte types) {
                 record("icCardDevice " + vendor + " " + product + " " + connected + " " + types);
             }
         });
-        PanelProxy.addListener(new PanelProxy.Listener() {
+        PanelProxy.listeners.add(new PanelProxy.Listener() {
             @Override public void applStart(long id) { record("applStart " + id); }
             @Override public void autoReset() { record("autoReset"); }
         });

@@ -33,7 +33,7 @@ class EventManagerTest {
 
     @Test
     void terminateOnANeverStartedManagerCallsNoFacade() {
-        try (EventFixture f = new EventFixture(false)) {
+        try (EventFixture f = EventFixture.started(false)) {
             assertTrue(ZELFNDEventJNI.zel_fnd_event_manager_terminate(f.manager, null));
             assertEquals(List.of(), observerCalls());
             assertRegistered(0);
@@ -42,7 +42,7 @@ class EventManagerTest {
 
     @Test
     void initAndTerminateRegisterAndRemoveEachObserverOnceInOrder() {
-        try (EventFixture f = new EventFixture(false)) {
+        try (EventFixture f = EventFixture.started(false)) {
             assertTrue(ZELFNDEventJNI.zel_fnd_event_manager_init(f.manager, null));
             assertRegistered(1);
             assertEquals(List.of("esv_zel_common_add_observer", "esv_zel_job_add_observer", "esv_zel_panel_add_observer",
@@ -61,7 +61,7 @@ class EventManagerTest {
 
     @Test
     void deletingAStartedManagerRemovesAllFive() {
-        EventFixture f = new EventFixture(true);
+        EventFixture f = EventFixture.started(true);
         assertRegistered(1);
         SimDevice.clearCalls();
         ZELFNDEventJNI.delete_zel_fnd_event_manager(f.manager);
@@ -75,7 +75,7 @@ class EventManagerTest {
 
     @Test
     void eventsReachJavaOnlyWhileStarted() {
-        try (EventFixture f = new EventFixture(false)) {
+        try (EventFixture f = EventFixture.started(false)) {
             assertEquals(0, SimPanel.keyEvent(1, 0).length);
             ZELFNDEventJNI.zel_fnd_event_manager_init(f.manager, null);
             assertEquals(1, SimPanel.keyEvent(2, 0).length);
@@ -87,7 +87,7 @@ class EventManagerTest {
 
     @Test
     void aManagerCanBeStartedAgainAfterTerminate() {
-        try (EventFixture f = new EventFixture(true)) {
+        try (EventFixture f = EventFixture.started(true)) {
             ZELFNDEventJNI.zel_fnd_event_manager_terminate(f.manager, null);
             ZELFNDEventJNI.zel_fnd_event_manager_init(f.manager, null);
             assertEquals(0L, SimJobs.scanCount(1, 2)[0]);

@@ -3,10 +3,9 @@ package tarnwick.tests.event;
 import static org.junit.jupiter.api.Assertions.assertArrayEquals;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertTrue;
+import static tarnwick.tests.event.EventFixture.OK;
 
 import java.util.List;
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
 import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimDevice;
@@ -23,19 +22,10 @@ class JobInfoObserverTest {
     static final SimDeviceExtension device = new SimDeviceExtension(false);
 
     private static final String M = "zel_fnd_jobinfo_observer";
-    private static final long[] OK = {0L};
     private static final long[] FAILED = {0x04010001L};
-    private EventFixture f;
 
-    @BeforeEach
-    void start() {
-        f = new EventFixture();
-    }
-
-    @AfterEach
-    void stop() {
-        f.close();
-    }
+    @RegisterExtension
+    final EventFixture f = new EventFixture();
 
     @Test
     void printPageNumberIsNotSignExtended() {
@@ -97,10 +87,7 @@ class JobInfoObserverTest {
 
     @Test
     void attachFailureAnswers0x04010001() {
-        SimDevice.failAttach(1);
-        assertArrayEquals(FAILED, SimJobs.faxSendPage(1, 1));
-        assertEquals(List.of(), f.events);
-        assertEquals(List.of(), SimDeviceExtension.trace(M));
+        f.assertAttachFailures(FAILED, M, () -> SimJobs.faxSendPage(1, 1));
     }
 
     @Test

@@ -3,42 +3,36 @@ package tarnwick.tests.event;
 import static org.junit.jupiter.api.Assertions.assertArrayEquals;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertSame;
+import static tarnwick.tests.event.EventFixture.OK;
+import static tarnwick.tests.event.EventFixture.notification;
 
 import java.util.List;
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeEach;
+import java.util.stream.Stream;
 import org.junit.jupiter.api.Test;
-import org.junit.jupiter.api.extension.RegisterExtension;
-import tarnwick.sim.SimDevice;
+import org.junit.jupiter.params.provider.Arguments;
 import tarnwick.sim.SimJobs;
-import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.controller.event.job.Job;
 import tarnwick.zel.controller.event.job.JobState;
 
-class JobObserverTest {
-    @RegisterExtension
-    static final SimDeviceExtension device = new SimDeviceExtension(false);
-
+class JobObserverTest extends NotificationCases {
     private static final String M = "zel_fnd_job_observer";
-    private static final long[] OK = {0L};
     private static final long[] FAILED = {0x04010001L};
-    private EventFixture f;
 
-    @BeforeEach
-    void start() {
-        f = new EventFixture();
+    JobObserverTest() {
+        super(M);
     }
 
-    @AfterEach
-    void stop() {
-        f.close();
-    }
-
-    @Test
-    void stateChangeBuildsAJob() {
-        assertArrayEquals(OK, SimJobs.jobStateChanged(0, 101, 0, 65535, "alice", 255, 2));
-        assertEquals(List.of("jobStateChanged 101 START 65535 alice 255 2"), f.events);
-        assertEquals(List.of("3 notify_job_state_changed,[Start]", "3 notify_job_state_changed,[End]"), SimDeviceExtension.trace(M));
+    static Stream<Arguments> oneNotification() {
+        return Stream.of(
+                notification("stateChangeBuildsAJob", () -> SimJobs.jobStateChanged(0, 101, 0, 65535, "alice", 255, 2),
+                        List.of("jobStateChanged 101 START 65535 alice 255 2"),
+                        List.of("3 notify_job_state_changed,[Start]", "3 notify_job_state_changed,[End]")),
+                notification("aReservationIsNotReported", () -> SimJobs.jobStateChanged(3, 1, 0, 0, "", 0, 0),
+                        List.of(),
+                        List.of("3 notify_job_state_changed,[Start]", "3 notify_job_state_changed,[End]. state = ESV_ZEL_EVENT_JOB_RSV.")),
+                notification("scanCountIsNotSignExtended", () -> SimJobs.scanCount(5, 4000000000L),
+                        List.of("scanCount 5 4000000000"),
+                        List.of("3 notify_scan_count,[Start]", "3 notify_scan_count,[End]")));
     }
 
     @Test
@@ -53,29 +47,13 @@ class JobObserverTest {
     }
 
     @Test
-    void aReservationIsNotReported() {
-        assertArrayEquals(OK, SimJobs.jobStateChanged(3, 1, 0, 0, "", 0, 0));
-        assertEquals(List.of(), f.events);
-        assertEquals(List.of("3 notify_job_state_changed,[Start]",
-                "3 notify_job_state_changed,[End]. state = ESV_ZEL_EVENT_JOB_RSV."), SimDeviceExtension.trace(M));
-    }
-
-    @Test
     void unknownStateAndResultAreTracedAndHandled() {
         assertArrayEquals(OK, SimJobs.jobStateChanged(4, 1, 0, 0, "", 0, 0));
         assertArrayEquals(OK, SimJobs.jobStateChanged(1, 1, 3, 0, "", 0, 0));
-        assertEquals(List.of(), f.events);
-        assertEquals(List.of("3 notify_job_state_changed,[Start]",
+        f.assertSeen(List.of(), M, List.of("3 notify_job_state_changed,[Start]",
                 "3 notify_job_state_changed,[End]. unknown job state. state = [4]",
                 "3 notify_job_state_changed,[Start]",
-                "3 notify_job_state_changed,[End]. unknown job result. result = [3]"), SimDeviceExtension.trace(M));
-    }
-
-    @Test
-    void scanCountIsNotSignExtended() {
-        assertArrayEquals(OK, SimJobs.scanCount(5, 4000000000L));
-        assertEquals(List.of("scanCount 5 4000000000"), f.events);
-        assertEquals(List.of("3 notify_scan_count,[Start]", "3 notify_scan_count,[End]"), SimDeviceExtension.trace(M));
+                "3 notify_job_state_changed,[End]. unknown job result. result = [3]"));
     }
 
     @Test
@@ -90,18 +68,13 @@ class JobObserverTest {
     void phbAndMessageInfoAreIgnored() {
         assertArrayEquals(OK, SimJobs.phbInfo(1));
         assertArrayEquals(OK, SimJobs.messageInfo(1));
-        assertEquals(List.of(), f.events);
-        assertEquals(List.of(), SimDeviceExtension.trace(M));
+        f.assertSeen(List.of(), M, List.of());
     }
 
     @Test
     void attachFailureAnswers0x04010001() {
-        SimDevice.failAttach(1);
-        assertArrayEquals(FAILED, SimJobs.jobStateChanged(0, 1, 0, 0, "", 0, 0));
-        SimDevice.failAttach(1);
-        assertArrayEquals(FAILED, SimJobs.scanCount(1, 1));
-        assertEquals(List.of(), f.events);
-        assertEquals(List.of(), SimDeviceExtension.trace(M));
+        f.assertAttachFailures(FAILED, M,
+                () -> SimJobs.jobStateChanged(0, 1, 0, 0, "", 0, 0), () -> SimJobs.scanCount(1, 1));
     }
 
     @Test

@@ -4,6 +4,7 @@ import tarnwick.sim.SimAcc;
 import tarnwick.sim.SimCommon;
 import tarnwick.sim.SimJobs;
 import tarnwick.sim.SimPanel;
+import tarnwick.tests.support.EventProxies;
 import tarnwick.zel.controller.event.device.ICCardInfo;
 import tarnwick.zel.controller.event.job.Job;
 import tarnwick.zel.controller.event.proxy.AccProxy;
@@ -23,7 +24,7 @@ enum ListenedProxy {
     COMMON("zel_fnd_common_observer", 0) {
         @Override long[] raise(int n) { return SimCommon.coverStatus(n); }
         @Override void listen(Runnable action) {
-            CommonProxy.addListener(new CommonProxy.Listener() {
+            CommonProxy.listeners.add(new CommonProxy.Listener() {
                 @Override public void cover(long status) { action.run(); }
             });
         }
@@ -32,7 +33,7 @@ enum ListenedProxy {
     SYNCHRONOUS("zel_fnd_common_observer", 0) {
         @Override long[] raise(int n) { return SimCommon.serviceStateChanged(n); }
         @Override void listen(Runnable action) {
-            SynchronousEventProxy.addListener(new SynchronousEventProxy.Listener() {
+            SynchronousEventProxy.listeners.add(new SynchronousEventProxy.Listener() {
                 @Override public void systemRestart(int type) { action.run(); }
             });
         }
@@ -41,7 +42,7 @@ enum ListenedProxy {
     JOB("zel_fnd_job_observer", 0x04010001L) {
         @Override long[] raise(int n) { return SimJobs.jobStateChanged(1, n, 0, 1, "alice", 0, 0); }
         @Override void listen(Runnable action) {
-            JobProxy.addListener(new JobProxy.Listener() {
+            JobProxy.listeners.add(new JobProxy.Listener() {
                 @Override public void jobStateChanged(Job job) { action.run(); }
             });
         }
@@ -50,7 +51,7 @@ enum ListenedProxy {
     JOBINFO("zel_fnd_jobinfo_observer", 0x04010001L) {
         @Override long[] raise(int n) { return SimJobs.printPage(new long[] {n, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}); }
         @Override void listen(Runnable action) {
-            JobInfoProxy.addListener(new JobInfoProxy.Listener() {
+            JobInfoProxy.listeners.add(new JobInfoProxy.Listener() {
                 @Override public void page(Object info) { action.run(); }
             });
         }
@@ -59,7 +60,7 @@ enum ListenedProxy {
     ACC("zel_fnd_acc_observer", 0x04010A05L) {
         @Override long[] raise(int n) { return SimAcc.iccardDetect("card" + n, 1, 0, 0); }
         @Override void listen(Runnable action) {
-            AccProxy.addListener(new AccProxy.Listener() {
+            AccProxy.listeners.add(new AccProxy.Listener() {
                 @Override public void icCard(ICCardInfo info) { action.run(); }
             });
         }
@@ -68,7 +69,7 @@ enum ListenedProxy {
     PANEL("zel_fnd_panel_observer", 0) {
         @Override long[] raise(int n) { return SimPanel.keyEvent(n, 0); }
         @Override void listen(Runnable action) {
-            PanelProxy.addListener(new PanelProxy.Listener() {
+            PanelProxy.listeners.add(new PanelProxy.Listener() {
                 @Override public void applStart(long id) { action.run(); }
             });
         }
@@ -98,7 +99,7 @@ enum ListenedProxy {
 
     /** No listener on any proxy, no manager started. */
     static void clear() {
-        EventFixture.removeListeners();
+        EventProxies.removeAllListeners();
         for (zel_fnd_event_manager m : zel_fnd_event_manager.started()) m.delete();
     }
 }

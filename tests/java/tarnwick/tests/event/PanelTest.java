@@ -2,6 +2,7 @@ package tarnwick.tests.event;
 
 import static org.junit.jupiter.api.Assertions.assertArrayEquals;
 import static org.junit.jupiter.api.Assertions.assertEquals;
+import static tarnwick.tests.event.EventFixture.OK;
 
 import java.util.List;
 import org.junit.jupiter.api.AfterEach;
@@ -20,20 +21,20 @@ class PanelTest {
 
     private static final String OBS = "zel_fnd_panel_observer";
     private static final String PROXY = "zel_fnd_panel_proxy";
-    private static final long[] OK = {0L};
-    private EventFixture f;
+
+    @RegisterExtension
+    final EventFixture f = new EventFixture();
+
     private long proxy;
 
     @BeforeEach
     void start() {
-        f = new EventFixture();
         proxy = ZELFNDEventJNI.new_zel_fnd_panel_proxy();
     }
 
     @AfterEach
     void stop() {
         ZELFNDEventJNI.delete_zel_fnd_panel_proxy(proxy);
-        f.close();
     }
 
     @Test
@@ -54,11 +55,7 @@ class PanelTest {
 
     @Test
     void attachFailureAnswers0x04010706() {
-        SimDevice.failAttach(2);
-        assertArrayEquals(new long[] {0x04010706L}, SimPanel.keyEvent(1, 0));
-        assertArrayEquals(new long[] {0x04010706L}, SimPanel.autoPanelReset());
-        assertEquals(List.of(), f.events);
-        assertEquals(List.of(), SimDeviceExtension.trace(OBS));
+        f.assertAttachFailures(new long[] {0x04010706L}, OBS, () -> SimPanel.keyEvent(1, 0), SimPanel::autoPanelReset);
     }
 
     @Test

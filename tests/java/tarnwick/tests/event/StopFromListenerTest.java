@@ -5,6 +5,7 @@ import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
+import static tarnwick.tests.event.EventFixture.OK;
 
 import java.util.List;
 import java.util.concurrent.CountDownLatch;
@@ -30,7 +31,6 @@ class StopFromListenerTest {
     @RegisterExtension
     static final SimDeviceExtension device = new SimDeviceExtension();
 
-    private static final long[] OK = {0L};
     private static final long[] NO_OBSERVER = {};
 
     @AfterEach
@@ -49,20 +49,36 @@ class StopFromListenerTest {
         assertTrue(trace.get(trace.size() - 1).endsWith(",[End]"), trace.toString());
     }
 
-    @ParameterizedTest
-    @EnumSource(ListenedProxy.class)
-    void aListenerThatDeletesTheManager(ListenedProxy p) {
+    private static zel_fnd_event_manager startedManager() {
         zel_fnd_event_manager manager = new zel_fnd_event_manager();
         manager.init();
+        return manager;
+    }
+
+    // The first event through p: answered, its notification ran to its end, `observers` observers left.
+    private static void raiseFirst(ListenedProxy p, int observers) {
+        assertArrayEquals(OK, p.raise(1));
+        assertNotificationEnded(p);
+        assertObservers(observers);
+    }
+
+    // A listener on p that counts its calls, then runs `step`; its count.
+    private static AtomicInteger countingListener(ListenedProxy p, Runnable step) {
         AtomicInteger calls = new AtomicInteger();
         p.listen(() -> {
             calls.incrementAndGet();
-            manager.delete();
+            step.run();
         });
-        assertArrayEquals(OK, p.raise(1));
+        return calls;
+    }
+
+    @ParameterizedTest
+    @EnumSource(ListenedProxy.class)
+    void aListenerThatDeletesTheManager(ListenedProxy p) {
+        zel_fnd_event_manager manager = startedManager();
+        AtomicInteger calls = countingListener(p, manager::delete);
+        raiseFirst(p, 0);
         assertEquals(1, calls.get());
-        assertNotificationEnded(p);
-        assertObservers(0);
         assertArrayEquals(NO_OBSERVER, p.raise(2));
         assertEquals(1, calls.get());
         IllegalStateException e = assertThrows(IllegalStateException.class, manager::init);
@@ -72,16 +88,9 @@ class StopFromListenerTest {
     @ParameterizedTest
     @EnumSource(ListenedProxy.class)
     void aListenerThatTerminatesTheManager(ListenedProxy p) {
-        zel_fnd_event_manager manager = new zel_fnd_event_manager();
-        manager.init();
-        AtomicInteger calls = new AtomicInteger();
-        p.listen(() -> {
-            calls.incrementAndGet();
-            assertTrue(manager.terminate());
-        });
-        assertArrayEquals(OK, p.raise(1));
-        assertNotificationEnded(p);
-        assertObservers(0);
+        zel_fnd_event_manager manager = startedManager();
+        AtomicInteger calls = countingListener(p, () -> assertTrue(manager.terminate()));
+        raiseFirst(p, 0);
         assertArrayEquals(NO_OBSERVER, p.raise(2));
         assertEquals(1, calls.get());
         assertEquals(List.of(), zel_fnd_event_manager.started());
@@ -91,8 +100,7 @@ class StopFromListenerTest {
     @ParameterizedTest
     @EnumSource(ListenedProxy.class)
     void aListenerThatTerminatesAndStartsTheManagerAgain(ListenedProxy p) {
-        zel_fnd_event_manager manager = new zel_fnd_event_manager();
-        manager.init();
+        zel_fnd_event_manager manager = startedManager();
         AtomicInteger calls = new AtomicInteger();
         p.listen(() -> {
             if (calls.incrementAndGet() == 1) {
@@ -100,10 +108,8 @@ class StopFromListenerTest {
                 manager.init();
             }
         });
-        assertArrayEquals(OK, p.raise(1));
+        raiseFirst(p, 1);
         assertEquals(1, calls.get());
-        assertNotificationEnded(p);
-        assertObservers(1);
         // The new observers take the later events, each once.
         assertArrayEquals(OK, p.raise(2));
         assertArrayEquals(OK, p.raise(3));
@@ -115,8 +121,7 @@ class StopFromListenerTest {
 
     @Test
     void theApplicationStopsTheManagerWhileAListenerDeletesIt() throws Exception {
-        zel_fnd_event_manager manager = new zel_fnd_event_manager();
-        manager.init();
+        zel_fnd_event_manager manager = startedManager();
         CountDownLatch inListener = new CountDownLatch(1);
         AtomicBoolean deleted = new AtomicBoolean();
         AtomicReference<Throwable> failure = new AtomicReference<>();

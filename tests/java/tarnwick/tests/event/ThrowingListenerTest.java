@@ -88,12 +88,12 @@ class ThrowingListenerTest {
     @Test
     void aThrowingListenerRefusesAnActivationAndTheOthersAreStillAsked() {
         AtomicInteger asked = new AtomicInteger();
-        SynchronousEventProxy.addListener(new SynchronousEventProxy.Listener() {
+        SynchronousEventProxy.listeners.add(new SynchronousEventProxy.Listener() {
             @Override public boolean prepareActivation(int scenario, long value) {
                 throw new IllegalStateException("cannot prepare");
             }
         });
-        SynchronousEventProxy.addListener(new SynchronousEventProxy.Listener() {
+        SynchronousEventProxy.listeners.add(new SynchronousEventProxy.Listener() {
             @Override public boolean prepareActivation(int scenario, long value) {
                 asked.incrementAndGet();
                 return true;
@@ -108,7 +108,7 @@ class ThrowingListenerTest {
     @Test
     void aDeviceStatusListenersExceptionComesOutOfTheLibraryCallThatCausedTheEvent() {
         IllegalStateException fromSleep = new IllegalStateException("sleep listener");
-        CommonProxy.addListener(new CommonProxy.Listener() {
+        CommonProxy.listeners.add(new CommonProxy.Listener() {
             @Override public void sleep(int state) {
                 throw fromSleep;
             }

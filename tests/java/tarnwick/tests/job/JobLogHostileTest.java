@@ -2,7 +2,6 @@ package tarnwick.tests.job;
 
 import static org.junit.jupiter.api.Assertions.assertArrayEquals;
 import static org.junit.jupiter.api.Assertions.assertEquals;
-import static org.junit.jupiter.api.Assertions.assertThrows;
 
 import org.junit.jupiter.api.Test;
 import org.junit.jupiter.api.extension.RegisterExtension;
@@ -27,14 +26,7 @@ class JobLogHostileTest {
         SimDevice.reset();
         SimJobs.reset();
         long p = zel_fnd_job_log_moduleJNI.new_zel_fnd_job_log_proxy();
-        NullPointerException e = assertThrows(NullPointerException.class,
-            () -> zel_fnd_job_log_moduleJNI.zel_fnd_job_log_proxy_retrieve_joblog(p, null, -1L, Integer.MIN_VALUE, 0, null));
-        assertEquals("ESV_ZEL_JOBINFO_JOBLOG & reference is null", e.getMessage());
-        e = assertThrows(NullPointerException.class, () -> zel_fnd_job_log_moduleJNI.zel_fnd_job_log_proxy_get_send_info(p, null, 0, null));
-        assertEquals("ESV_ZEL_JOBINFO_SEND_INFO & reference is null", e.getMessage());
-        e = assertThrows(NullPointerException.class, () -> zel_fnd_job_log_moduleJNI.zel_fnd_job_log_proxy_get_receive_info(p, null, 0, null));
-        assertEquals("ESV_ZEL_JOBINFO_RECEIVE_INFO & reference is null", e.getMessage());
-        assertEquals(0, SimDevice.allCalls().length);
+        JobLogModuleTest.assertNullRecordsThrow(p, -1L, Integer.MIN_VALUE);
         zel_fnd_job_log_moduleJNI.delete_zel_fnd_job_log_proxy(p);
         zel_fnd_job_log_moduleJNI.delete_zel_fnd_job_log_proxy(0);
     }

@@ -2,6 +2,7 @@ package tarnwick.tests.job;
 
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertThrows;
+import static tarnwick.tests.job.RecordFields.f;
 
 import org.junit.jupiter.api.Test;
 import org.junit.jupiter.api.extension.RegisterExtension;
@@ -15,10 +16,6 @@ class JobLogModuleTest {
     static final SimDeviceExtension device = new SimDeviceExtension(false);
 
     private final RecordFields r = new RecordFields(zel_fnd_job_log_moduleJNI.class);
-
-    private static String[] f(String n, String k) {
-        return RecordFields.f(n, k);
-    }
 
     @Test
     void everyRecordFieldSetAndGet() {
@@ -70,18 +67,23 @@ class JobLogModuleTest {
         zel_fnd_job_log_moduleJNI.delete_ESV_ZEL_JOBINFO_RECEIVE_INFO_FAX(fax);
     }
 
-    @Test
-    void nullRecordsThrowAndTheProxyIsNotCalled() {
-        SimDevice.reset();
-        long p = zel_fnd_job_log_moduleJNI.new_zel_fnd_job_log_proxy();
+    /** Each record parameter given null: NullPointerException with the record's message, and no facade call. */
+    static void assertNullRecordsThrow(long p, long id, int type) {
         NullPointerException e = assertThrows(NullPointerException.class,
-            () -> zel_fnd_job_log_moduleJNI.zel_fnd_job_log_proxy_retrieve_joblog(p, null, 1, 0, 0, null));
+            () -> zel_fnd_job_log_moduleJNI.zel_fnd_job_log_proxy_retrieve_joblog(p, null, id, type, 0, null));
         assertEquals("ESV_ZEL_JOBINFO_JOBLOG & reference is null", e.getMessage());
         e = assertThrows(NullPointerException.class, () -> zel_fnd_job_log_moduleJNI.zel_fnd_job_log_proxy_get_send_info(p, null, 0, null));
         assertEquals("ESV_ZEL_JOBINFO_SEND_INFO & reference is null", e.getMessage());
         e = assertThrows(NullPointerException.class, () -> zel_fnd_job_log_moduleJNI.zel_fnd_job_log_proxy_get_receive_info(p, null, 0, null));
         assertEquals("ESV_ZEL_JOBINFO_RECEIVE_INFO & reference is null", e.getMessage());
         assertEquals(0, SimDevice.allCalls().length);
+    }
+
+    @Test
+    void nullRecordsThrowAndTheProxyIsNotCalled() {
+        SimDevice.reset();
+        long p = zel_fnd_job_log_moduleJNI.new_zel_fnd_job_log_proxy();
+        assertNullRecordsThrow(p, 1, 0);
         SimDevice.forceResult("esv_zel_jobinfo_delete_send_info_list", 0x0401000AL, 1);
         assertEquals(1, zel_fnd_job_log_moduleJNI.zel_fnd_job_log_proxy_delete_send_info_list(p, null));
         SimDevice.forceResult("esv_zel_jobinfo_delete_receive_info_list", 0x04010004L, 1);

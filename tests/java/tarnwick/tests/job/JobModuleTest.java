@@ -3,6 +3,7 @@ package tarnwick.tests.job;
 import static org.junit.jupiter.api.Assertions.assertArrayEquals;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertThrows;
+import static tarnwick.tests.job.RecordFields.f;
 
 import org.junit.jupiter.api.Test;
 import org.junit.jupiter.api.extension.RegisterExtension;
@@ -17,10 +18,6 @@ class JobModuleTest {
     static final SimDeviceExtension device = new SimDeviceExtension(false);
 
     private final RecordFields r = new RecordFields(zel_fnd_job_moduleJNI.class);
-
-    private static String[] f(String n, String k) {
-        return RecordFields.f(n, k);
-    }
 
     @Test
     void everyRecordFieldSetAndGet() {

@@ -4,12 +4,17 @@ import static org.junit.jupiter.api.Assertions.assertArrayEquals;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertNotNull;
 import static org.junit.jupiter.api.Assertions.assertTrue;
+import static tarnwick.zel.wrapper.job.ESV_ZEL_JOB_ADDRESS_TYPE.ESV_ZEL_JOB_ADDRESS_TYPE_MAIL;
+import static tarnwick.zel.wrapper.job.ESV_ZEL_JOB_CATEGORY.ESV_ZEL_JOB_CATEGORY_SCAN_SEND;
+import static tarnwick.zel.wrapper.job.ESV_ZEL_JOB_PHB_CATEGORY.ESV_ZEL_JOB_PHB_CATEGORY_SEND;
+import static tarnwick.zel.wrapper.job.ESV_ZEL_JOB_SETTING.ESV_ZEL_JOB_SETTING_ORIGINAL_PAGES;
+import static tarnwick.zel.wrapper.job.ESV_ZEL_JOB_SETTING.ESV_ZEL_JOB_SETTING_USER_NAME;
+import static tarnwick.zel.wrapper.job.log.ESV_ZEL_JOBINFO_JOBLOG_TYPE_VAL.ESV_ZEL_JOBINFO_JOBLOG_TYPE_SEND;
 
 import java.io.ByteArrayOutputStream;
 import java.util.ArrayList;
 import java.util.Collections;
 import java.util.List;
-import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
 import org.junit.jupiter.api.extension.RegisterExtension;
@@ -23,7 +28,6 @@ import tarnwick.zel.controller.event.job.PrintPageInfo;
 import tarnwick.zel.controller.event.job.ScanPageInfo;
 import tarnwick.zel.controller.event.proxy.JobInfoProxy;
 import tarnwick.zel.controller.event.proxy.JobProxy;
-import tarnwick.zel.wrapper.event.ZELFNDEventJNI;
 import tarnwick.zel.wrapper.job.log.zel_fnd_job_log_moduleJNI;
 import tarnwick.zel.wrapper.job.zel_fnd_job_moduleJNI;
 
@@ -36,12 +40,6 @@ class JobRoadTest {
     @RegisterExtension
     static final SimDeviceExtension device = new SimDeviceExtension();
 
-    private static final int PHB_SEND = 1;
-    private static final int CATEGORY_SCAN_SEND = 1;
-    private static final int SETTING_ORIGINAL_PAGES = 9;
-    private static final int SETTING_USER_NAME = 104;
-    private static final int ADDRESS_MAIL = 2;
-    private static final int LOG_SEND = 1;
 
     private final List<String> events = Collections.synchronizedList(new ArrayList<>());
     private final List<Long> receipts = Collections.synchronizedList(new ArrayList<>());
@@ -75,34 +73,24 @@ class JobRoadTest {
             receipts.add(info.getReceiptId());
         }
     };
-    private long manager;
     private long proxy;
 
     @BeforeEach
     void start() {
-        JobProxy.addListener(jobListener);
-        JobInfoProxy.addListener(infoListener);
-        manager = ZELFNDEventJNI.new_zel_fnd_event_manager();
-        assertTrue(ZELFNDEventJNI.zel_fnd_event_manager_init(manager, null));
-        proxy = zel_fnd_job_moduleJNI.new_zel_fnd_job_proxy();
-    }
-
-    @AfterEach
-    void stop() {
-        zel_fnd_job_moduleJNI.delete_zel_fnd_job_proxy(proxy);
-        ZELFNDEventJNI.delete_zel_fnd_event_manager(manager);
-        JobProxy.removeListener(jobListener);
-        JobInfoProxy.removeListener(infoListener);
+        device.listen(JobProxy.listeners, jobListener);
+        device.listen(JobInfoProxy.listeners, infoListener);
+        device.startEventManager();
+        proxy = device.make(zel_fnd_job_moduleJNI::new_zel_fnd_job_proxy, zel_fnd_job_moduleJNI::delete_zel_fnd_job_proxy);
     }
 
     /** generate, set, add an e-mail address, commit, create: the job's id. */
     private long createSendJob(long pages) {
         long[] id = {0};
-        assertEquals(0, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_generate_jobinfo(proxy, null, PHB_SEND, id));
-        assertEquals(0, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_set_value__SWIG_0(proxy, null, id[0], SETTING_ORIGINAL_PAGES, pages));
-        assertEquals(0, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_set_value__SWIG_1(proxy, null, id[0], SETTING_USER_NAME, "alice"));
+        assertEquals(0, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_generate_jobinfo(proxy, null, ESV_ZEL_JOB_PHB_CATEGORY_SEND, id));
+        assertEquals(0, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_set_value__SWIG_0(proxy, null, id[0], ESV_ZEL_JOB_SETTING_ORIGINAL_PAGES, pages));
+        assertEquals(0, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_set_value__SWIG_1(proxy, null, id[0], ESV_ZEL_JOB_SETTING_USER_NAME, "alice"));
         long info = zel_fnd_job_moduleJNI.new_ESV_ZEL_JOB_SEND_INFO();
-        zel_fnd_job_moduleJNI.ESV_ZEL_JOB_SEND_INFO_address_type_set(info, null, ADDRESS_MAIL);
+        zel_fnd_job_moduleJNI.ESV_ZEL_JOB_SEND_INFO_address_type_set(info, null, ESV_ZEL_JOB_ADDRESS_TYPE_MAIL);
         long detail = zel_fnd_job_moduleJNI.ESV_ZEL_JOB_SEND_INFO_detail_get(info, null);
         long mail = zel_fnd_job_moduleJNI.ESV_ZEL_JOB_SEND_INFO_DETAIL_mail_info_get(detail, null);
         zel_fnd_job_moduleJNI.ESV_ZEL_JOB_SEND_INFO_MAIL_mail_address_set(mail, null, "alice@example.com");
@@ -116,7 +104,7 @@ class JobRoadTest {
         zel_fnd_job_moduleJNI.delete_vectorl(ids);
         assertEquals(0, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_commit_jobinfo(proxy, null, id[0]));
         long[] uid = {0};
-        assertEquals(0, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_create_job(proxy, null, CATEGORY_SCAN_SEND, id[0], uid));
+        assertEquals(0, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_create_job(proxy, null, ESV_ZEL_JOB_CATEGORY_SCAN_SEND, id[0], uid));
         assertEquals(101L, uid[0]);
         events.clear();
         return uid[0];
@@ -125,13 +113,13 @@ class JobRoadTest {
     private long readLog(long receipt, int expectedResult) {
         long logProxy = zel_fnd_job_log_moduleJNI.new_zel_fnd_job_log_proxy();
         long log = zel_fnd_job_log_moduleJNI.new_ESV_ZEL_JOBINFO_JOBLOG();
-        assertEquals(0, zel_fnd_job_log_moduleJNI.zel_fnd_job_log_proxy_retrieve_joblog(logProxy, null, receipt, LOG_SEND, log, null));
+        assertEquals(0, zel_fnd_job_log_moduleJNI.zel_fnd_job_log_proxy_retrieve_joblog(logProxy, null, receipt, ESV_ZEL_JOBINFO_JOBLOG_TYPE_SEND, log, null));
         assertEquals(receipt, zel_fnd_job_log_moduleJNI.ESV_ZEL_JOBINFO_JOBLOG_receipt_id_get(log, null));
         assertEquals(expectedResult, zel_fnd_job_log_moduleJNI.ESV_ZEL_JOBINFO_JOBLOG_result_get(log, null));
         assertEquals("alice", zel_fnd_job_log_moduleJNI.ESV_ZEL_JOBINFO_JOBLOG_user_name_get(log, null));
         long sends = zel_fnd_job_log_moduleJNI.ESV_ZEL_JOBINFO_JOBLOG_send_num_get(log, null);
         assertEquals(1L, sends);
-        assertEquals(0, zel_fnd_job_log_moduleJNI.zel_fnd_job_log_proxy_create_send_info_list(logProxy, null, receipt, LOG_SEND));
+        assertEquals(0, zel_fnd_job_log_moduleJNI.zel_fnd_job_log_proxy_create_send_info_list(logProxy, null, receipt, ESV_ZEL_JOBINFO_JOBLOG_TYPE_SEND));
         long send = zel_fnd_job_log_moduleJNI.new_ESV_ZEL_JOBINFO_SEND_INFO();
         for (long i = 0; i < sends; ++i) {
             assertEquals(0, zel_fnd_job_log_moduleJNI.zel_fnd_job_log_proxy_get_send_info(logProxy, null, send, null));
@@ -198,10 +186,7 @@ class JobRoadTest {
         assertEquals(0, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_start(proxy, null, uid));
         assertTrue(SimJobs.waitJobHeld(uid, 10000));
         assertEquals(0, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_cancel(proxy, null, uid));
-        assertTrue(SimJobs.waitJobDone(uid, 10000));
-        assertEquals(List.of("job 101 START alice", "scanPage 101 1 300", "scanCount 1/1", "job 101 SCAN_COMPLETE alice",
-                             "jobLog 101", "job 101 CANCEL alice"), new ArrayList<>(events));
-        assertEquals(0L, readLog(receipts.get(0), 1));
+        assertOnePageJobEnded(uid, "CANCEL", 0L, 1);
     }
 
     @Test
@@ -209,10 +194,16 @@ class JobRoadTest {
         long uid = createSendJob(1);
         SimJobs.injectFault(1, 0x55);
         assertEquals(0, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_start(proxy, null, uid));
+        assertOnePageJobEnded(uid, "ERROR", 0x55L, 2);
+    }
+
+    // The one-page send job uid ended in `state`, after the events of its scan; its log holds
+    // the result `result` and the error code `error`.
+    private void assertOnePageJobEnded(long uid, String state, long error, int result) {
         assertTrue(SimJobs.waitJobDone(uid, 10000));
         assertEquals(List.of("job 101 START alice", "scanPage 101 1 300", "scanCount 1/1", "job 101 SCAN_COMPLETE alice",
-                             "jobLog 101", "job 101 ERROR alice"), new ArrayList<>(events));
-        assertEquals(0x55L, readLog(receipts.get(0), 2));
+                             "jobLog 101", "job 101 " + state + " alice"), new ArrayList<>(events));
+        assertEquals(error, readLog(receipts.get(0), result));
     }
 
     @Test

@@ -9,6 +9,7 @@ import java.lang.reflect.InvocationTargetException;
 import java.lang.reflect.Method;
 import java.util.ArrayList;
 import java.util.List;
+import java.util.Map;
 
 /**
  * Drives the field setters and getters of a module class by name: each field is described by
@@ -182,24 +183,27 @@ final class RecordFields {
         throw new AssertionError("no scalar field in " + type);
     }
 
-    Object sample(String type, String field) {
+    /** Each Java type of a setter's value: its zero, then the sample value a test sets. */
+    private static final Map<Class<?>, Object[]> VALUES = Map.of(
+            String.class, new Object[] {"", "copied"},
+            long.class, new Object[] {0L, 4000000001L},
+            int.class, new Object[] {0, 77},
+            short.class, new Object[] {(short) 0, (short) 200},
+            boolean.class, new Object[] {false, true});
+
+    private Object[] values(String type, String field) {
         Class<?> p = method(type + "_" + field + "_set").getParameterTypes()[2];
-        if (p == String.class) return "copied";
-        if (p == long.class) return 4000000001L;
-        if (p == int.class) return 77;
-        if (p == short.class) return (short) 200;
-        if (p == boolean.class) return true;
-        throw new AssertionError(p.toString());
+        Object[] v = VALUES.get(p);
+        if (v == null) throw new AssertionError(p.toString());
+        return v;
+    }
+
+    Object sample(String type, String field) {
+        return values(type, field)[1];
     }
 
     Object zero(String type, String field) {
-        Class<?> p = method(type + "_" + field + "_set").getParameterTypes()[2];
-        if (p == String.class) return "";
-        if (p == long.class) return 0L;
-        if (p == int.class) return 0;
-        if (p == short.class) return (short) 0;
-        if (p == boolean.class) return false;
-        throw new AssertionError(p.toString());
+        return values(type, field)[0];
     }
 
     /** Setter and getter names of every field the module exports for a record. */

@@ -4,9 +4,11 @@ import static org.junit.jupiter.api.Assertions.assertArrayEquals;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
+import static tarnwick.zel.wrapper.job.ESV_ZEL_JOB_SETTING.ESV_ZEL_JOB_SETTING_COPIES;
+import static tarnwick.zel.wrapper.job.ESV_ZEL_JOB_SETTING.ESV_ZEL_JOB_SETTING_JOB_NAME;
+import static tarnwick.zel.wrapper.job.ESV_ZEL_PHB_DISABLE_ITEM.ESV_ZEL_PHB_DISABLE_ITEM_DUPLEX;
 
 import java.util.Arrays;
-import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
 import org.junit.jupiter.api.extension.RegisterExtension;
@@ -26,9 +28,6 @@ class SimDeviceTest {
     @RegisterExtension
     static final SimDeviceExtension device = new SimDeviceExtension();
 
-    private static final int SETTING_COPIES = 0;
-    private static final int SETTING_JOB_NAME = 100;
-    private static final int DISABLE_ITEM_DUPLEX = 1;
     private static final int FILENAME_OFFSET = 28;  // msg_detail_filename in ESV_ZEL_PHB_GET_MESSAGE
     private static final int DATA_SIZE_OFFSET = 4096;  // data_size in ESV_ZEL_JOB_GET_SCAN_DATA
     private static final int DOC_STATE_OFFSET = 4100;
@@ -38,12 +37,7 @@ class SimDeviceTest {
 
     @BeforeEach
     void start() {
-        proxy = zel_fnd_job_moduleJNI.new_zel_fnd_job_proxy();
-    }
-
-    @AfterEach
-    void stop() {
-        zel_fnd_job_moduleJNI.delete_zel_fnd_job_proxy(proxy);
+        proxy = device.make(zel_fnd_job_moduleJNI::new_zel_fnd_job_proxy, zel_fnd_job_moduleJNI::delete_zel_fnd_job_proxy);
     }
 
     @Test
@@ -51,12 +45,12 @@ class SimDeviceTest {
         SimDevice.forceOutput("esv_zel_job_get_value", 0, 2, "uint32", 4000000000L, 1);
         long[] val = {0};
         // Set 5 does not exist: the device itself would answer ESV_ZEL_JOB_PARAM_ERROR.
-        assertEquals(0, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_get_value__SWIG_0(proxy, null, 5, SETTING_COPIES, val));
+        assertEquals(0, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_get_value__SWIG_0(proxy, null, 5, ESV_ZEL_JOB_SETTING_COPIES, val));
         assertEquals(4000000000L, val[0]);
         assertEquals(0, SimDevice.outputRefusals().length);
         // Once only.
         val[0] = 0;
-        assertEquals(PARAM_ERROR, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_get_value__SWIG_0(proxy, null, 5, SETTING_COPIES, val));
+        assertEquals(PARAM_ERROR, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_get_value__SWIG_0(proxy, null, 5, ESV_ZEL_JOB_SETTING_COPIES, val));
         assertEquals(0L, val[0]);
     }
 
@@ -65,14 +59,14 @@ class SimDeviceTest {
         // ESV_ZEL_JOB_LIMIT: the proxy's result 6, the value written all the same.
         SimDevice.forceOutput("esv_zel_job_get_disable_info", 0x04010006L, 2, "uint16", 0xFFFF, 1);
         int[] val = {0};
-        assertEquals(6, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_get_disable_info(proxy, null, 1, DISABLE_ITEM_DUPLEX, val));
+        assertEquals(6, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_get_disable_info(proxy, null, 1, ESV_ZEL_PHB_DISABLE_ITEM_DUPLEX, val));
         assertEquals(0xFFFF, val[0]);
     }
 
     @Test
     void aStdStringOutput() {
         SimDevice.forceOutput("esv_zel_job_get_value", 0, 2, "string", "quarterly report", 1);
-        assertEquals("quarterly report", zel_fnd_job_moduleJNI.zel_fnd_job_proxy_get_value__SWIG_1(proxy, null, 1, SETTING_JOB_NAME));
+        assertEquals("quarterly report", zel_fnd_job_moduleJNI.zel_fnd_job_proxy_get_value__SWIG_1(proxy, null, 1, ESV_ZEL_JOB_SETTING_JOB_NAME));
     }
 
     @Test
@@ -110,15 +104,15 @@ class SimDeviceTest {
         long[] val = {0};
         for (int i = 0; i < 2; ++i) {
             val[0] = 0;
-            assertEquals(0, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_get_value__SWIG_0(proxy, null, 5, SETTING_COPIES, val));
+            assertEquals(0, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_get_value__SWIG_0(proxy, null, 5, ESV_ZEL_JOB_SETTING_COPIES, val));
             assertEquals(7L, val[0]);
         }
         val[0] = 0;
-        assertEquals(PARAM_ERROR, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_get_value__SWIG_0(proxy, null, 5, SETTING_COPIES, val));
+        assertEquals(PARAM_ERROR, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_get_value__SWIG_0(proxy, null, 5, ESV_ZEL_JOB_SETTING_COPIES, val));
         SimDevice.forceOutput("esv_zel_job_get_value", 0, 2, "uint32", 8, -1);
         for (int i = 0; i < 4; ++i) {
             val[0] = 0;
-            assertEquals(0, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_get_value__SWIG_0(proxy, null, 5, SETTING_COPIES, val));
+            assertEquals(0, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_get_value__SWIG_0(proxy, null, 5, ESV_ZEL_JOB_SETTING_COPIES, val));
             assertEquals(8L, val[0]);
         }
         assertEquals(7, SimDevice.callCount("esv_zel_job_get_value"));
@@ -129,7 +123,7 @@ class SimDeviceTest {
         SimDevice.forceOutputs("esv_zel_job_get_value", 0x04010008L, 1,
             Output.number(2, "int16", 7), Output.text(2, "string", "t"), Output.number(5, "uint32", 1));
         long[] val = {3};
-        assertEquals(PARAM_ERROR, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_get_value__SWIG_0(proxy, null, 1, SETTING_COPIES, val));
+        assertEquals(PARAM_ERROR, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_get_value__SWIG_0(proxy, null, 1, ESV_ZEL_JOB_SETTING_COPIES, val));
         assertEquals(3L, val[0]);
         assertArrayEquals(new String[] {
             "esv_zel_job_get_value: argument 2: the argument has 4 bytes, the kind 2",
@@ -163,7 +157,7 @@ class SimDeviceTest {
             () -> SimDevice.forceOutputs("esv_zel_job_get_value", 0, 1, Output.number(2, "uint32", 1),
                                          Output.bytes(2, "bytes", new byte[1])));
         long[] val = {0};
-        assertEquals(PARAM_ERROR, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_get_value__SWIG_0(proxy, null, 5, SETTING_COPIES, val));
+        assertEquals(PARAM_ERROR, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_get_value__SWIG_0(proxy, null, 5, ESV_ZEL_JOB_SETTING_COPIES, val));
         assertEquals(0L, val[0]);
     }
 

@@ -39,6 +39,13 @@ class CMT_StorageTest {
         return c.length == 0 ? null : c[c.length - 1];
     }
 
+    // A file opened on `drive` with `mode`: its handle.
+    private static long opened(int drive, String name, int mode) {
+        long[] h = {0};
+        assertEquals(0, CMT_StorageIO_open(drive, name, mode, h));
+        return h[0];
+    }
+
     @Test
     void constants() {
         assertEquals(0, CMTDIO_HDD_get());
@@ -119,15 +126,14 @@ class CMT_StorageTest {
 
     @Test
     void seekModesReachTheLibraryTranslated() throws IOException {
-        long[] h = {0};
-        assertEquals(0, CMT_StorageIO_open(HDD, "s", 1, h));
+        long h = opened(HDD, "s", 1);
         int[][] rows = {{0, 1}, {1, 0}, {2, 2}, {3, 0}, {9, 0}, {-4, 0}};
         for (int[] r : rows) {
             SimDevice.clearCalls();
-            assertEquals(0, CMT_StorageIO_fseek(h[0], 0, r[0]));
-            assertEquals(h[0] + ", 0, " + r[1], lastArgs("dvu_dio_fseek"), "seek mode " + r[0]);
+            assertEquals(0, CMT_StorageIO_fseek(h, 0, r[0]));
+            assertEquals(h + ", 0, " + r[1], lastArgs("dvu_dio_fseek"), "seek mode " + r[0]);
         }
-        assertEquals(0, CMT_StorageIO_close(h[0]));
+        assertEquals(0, CMT_StorageIO_close(h));
     }
 
     static int expectedFold(int code) {
@@ -198,64 +204,61 @@ class CMT_StorageTest {
     @Test
     void readCopiesIntoTheArrayAndWriteLeavesItsBuffer() throws IOException {
         Files.write(f.hdd.resolve("abc"), "abcdef".getBytes(StandardCharsets.US_ASCII));
-        long[] h = {0};
-        assertEquals(0, CMT_StorageIO_open(HDD, "abc", 0, h));
+        long h = opened(HDD, "abc", 0);
         byte[] buf = {9, 9, 9, 9, 9, 9, 9, 9};
         long[] done = {0};
-        assertEquals(0, CMT_StorageIO_read(buf, 3, h[0], done));
+        assertEquals(0, CMT_StorageIO_read(buf, 3, h, done));
         assertEquals(3, done[0]);
         assertArrayEquals(new byte[] {'a', 'b', 'c', 9, 9, 9, 9, 9}, buf);
-        assertEquals(0, CMT_StorageIO_read(buf, 8, h[0], done));
+        assertEquals(0, CMT_StorageIO_read(buf, 8, h, done));
         assertEquals(3, done[0]);
         done[0] = 77;
-        assertEquals(1, CMT_StorageIO_read(buf, 8, h[0], done));  // end of file
+        assertEquals(1, CMT_StorageIO_read(buf, 8, h, done));  // end of file
         assertEquals(77, done[0], "count written only on success");
-        assertEquals(0, CMT_StorageIO_read(buf, 0, h[0], done));
+        assertEquals(0, CMT_StorageIO_read(buf, 0, h, done));
         assertEquals(0, done[0]);
-        assertEquals(0, CMT_StorageIO_close(h[0]));
+        assertEquals(0, CMT_StorageIO_close(h));
     }
 
     @Test
     void readBeyondTheArrayIsRefusedWithoutCallingTheLibrary() {
-        long[] h = {0};
-        assertEquals(0, CMT_StorageIO_open(HDD, "x", 4, h));
+        long h = opened(HDD, "x", 4);
         byte[] buf = new byte[4];
         long[] done = {5};
         SimDevice.clearCalls();
-        assertEquals(-1, CMT_StorageIO_read(buf, 5, h[0], done));
-        assertEquals(-1, CMT_StorageIO_read(buf, -1, h[0], done));
-        assertEquals(-1, CMT_StorageIO_read(new byte[0], 1, h[0], done));
-        assertEquals(-1, CMT_StorageIO_write(buf, 5, h[0], done));
-        assertEquals(-1, CMT_StorageIO_write(buf, -1, h[0], done));
+        assertEquals(-1, CMT_StorageIO_read(buf, 5, h, done));
+        assertEquals(-1, CMT_StorageIO_read(buf, -1, h, done));
+        assertEquals(-1, CMT_StorageIO_read(new byte[0], 1, h, done));
+        assertEquals(-1, CMT_StorageIO_write(buf, 5, h, done));
+        assertEquals(-1, CMT_StorageIO_write(buf, -1, h, done));
         assertEquals(0, SimDevice.callCount("dvu_dio_fread"));
         assertEquals(0, SimDevice.callCount("dvu_dio_fwrite"));
         assertEquals(5, done[0]);
-        assertEquals(0, CMT_StorageIO_close(h[0]));
+        assertEquals(0, CMT_StorageIO_close(h));
     }
 
     @Test
     void seekAndTell() {
-        long[] h = {0};
-        assertEquals(0, CMT_StorageIO_open(HDD, "p", 4, h));
+        long h = opened(HDD, "p", 4);
         long[] done = {0};
-        assertEquals(0, CMT_StorageIO_write(new byte[100], 100, h[0], done));
+        assertEquals(0, CMT_StorageIO_write(new byte[100], 100, h, done));
         int[] pos = {-5};
-        assertEquals(0, CMT_StorageIO_ftell(h[0], pos));
+        assertEquals(0, CMT_StorageIO_ftell(h, pos));
         assertEquals(100, pos[0]);
-        assertEquals(0, CMT_StorageIO_fseek(h[0], 10, 1));   // from the start
-        assertEquals(0, CMT_StorageIO_fseek(h[0], -4, 0));   // from here
-        assertEquals(0, CMT_StorageIO_ftell(h[0], pos));
+        assertEquals(0, CMT_StorageIO_fseek(h, 10, 1));   // from the start
+        assertEquals(0, CMT_StorageIO_fseek(h, -4, 0));   // from here
+        assertEquals(0, CMT_StorageIO_ftell(h, pos));
         assertEquals(6, pos[0]);
-        assertEquals(0, CMT_StorageIO_fseek(h[0], -1, 2));   // from the end
-        assertEquals(0, CMT_StorageIO_ftell(h[0], pos));
+        assertEquals(0, CMT_StorageIO_fseek(h, -1, 2));   // from the end
+        assertEquals(0, CMT_StorageIO_ftell(h, pos));
         assertEquals(99, pos[0]);
-        assertEquals(18, CMT_StorageIO_fseek(h[0], -200, 0));  // before the start
-        assertEquals(21, CMT_StorageIO_fseek(h[0], Integer.MAX_VALUE, 0));  // beyond 32 bits
-        assertEquals(0, CMT_StorageIO_ftell(h[0], pos));
+        assertEquals(18, CMT_StorageIO_fseek(h, -200, 0));  // before the start
+        assertEquals(21, CMT_StorageIO_fseek(h, Integer.MAX_VALUE, 0));  // beyond 32 bits
+        assertEquals(0, CMT_StorageIO_ftell(h, pos));
         assertEquals(99, pos[0]);
-        assertEquals(0, CMT_StorageIO_fflush(h[0]));
-        assertEquals(0, CMT_StorageIO_close(h[0]));
-        assertEquals(12, CMT_StorageIO_ftell(h[0], pos), "closed handle");
+        assertEquals(0, CMT_StorageIO_fflush(h));
+        assertEquals(0, CMT_StorageIO_close(h));
+        assertEquals(12, CMT_StorageIO_ftell(h, pos), "closed handle");
         assertEquals(99, pos[0]);
     }
 
@@ -393,9 +396,8 @@ class CMT_StorageTest {
     void escapedNamesOpenTheSameFileAgain() throws IOException {
         Path odd = f.hdd.resolve(new String(new byte[] {'q', (byte) 0xE9}, StandardCharsets.ISO_8859_1));
         // Create the file with raw bytes through the library itself: a name read back opens it.
-        long[] h = {0};
-        assertEquals(0, CMT_StorageIO_open(HDD, "q\uDCE9", 1, h));
-        assertEquals(0, CMT_StorageIO_close(h[0]));
+        long h = opened(HDD, "q\uDCE9", 1);
+        assertEquals(0, CMT_StorageIO_close(h));
         long[] dir = {0};
         assertEquals(0, CMT_StorageIO_opendir(HDD, "", dir));
         int[] rc = {0};
@@ -445,7 +447,7 @@ class CMT_StorageTest {
             }
         };
         cmt_commonJNI.cmt_init_init();
-        CommonProxy.addListener(l);
+        CommonProxy.listeners.add(l);
         long manager = ZELFNDEventJNI.new_zel_fnd_event_manager();
         try {
             ZELFNDEventJNI.zel_fnd_event_manager_init(manager, null);
@@ -473,7 +475,7 @@ class CMT_StorageTest {
             assertEquals(List.of(0x001, 0x000, 0x101, 0x100), events);
         } finally {
             ZELFNDEventJNI.delete_zel_fnd_event_manager(manager);
-            CommonProxy.removeListener(l);
+            CommonProxy.listeners.remove(l);
         }
     }
 

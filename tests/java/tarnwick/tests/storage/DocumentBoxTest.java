@@ -182,23 +182,27 @@ class DocumentBoxTest {
                              line(0, "zel_fnd_get_easy_box_list", "result(67174923)")), traces());
     }
 
+    // A listing of `path` that fails after the prepare: nothing listed, the listing finished once,
+    // `error` traced.
+    private void assertFailedListing(String path, String error) {
+        assertEquals(0, list(path, 1).size());
+        assertEquals(1, SimDevice.callCount("esv_zel_get_easy_box_info_finish"));
+        assertTrue(traces().contains(line(0, "zel_fnd_get_easy_box_list", error)));
+    }
+
     @Test
     void failedFetchFreesAndFinishes() {
         for (String n : new String[] {"1", "2", "3"}) SimBox.addDocument("/k", n, 1, 0, 0);
         SimDevice.forceResult("esv_zel_get_easy_box_info", 0x0401020AL, 1);
-        assertEquals(0, list("/k", 1).size());
-        assertEquals(1, SimDevice.callCount("esv_zel_get_easy_box_info_finish"));
-        assertTrue(traces().contains(line(0, "zel_fnd_get_easy_box_list", "result(67174922)")));
+        assertFailedListing("/k", "result(67174922)");
     }
 
     @Test
     void bufferAllocationFailure() {
         SimBox.addDocument("/m", "1", 1, 0, 0);
         SimDevice.failAlloc(1);
-        assertEquals(0, list("/m", 1).size());
-        assertEquals(1, SimDevice.callCount("esv_zel_get_easy_box_info_finish"));
+        assertFailedListing("/m", "easy_box_info == NULL.");
         assertEquals(0, SimDevice.callCount("esv_zel_get_easy_box_info"));
-        assertTrue(traces().contains(line(0, "zel_fnd_get_easy_box_list", "easy_box_info == NULL.")));
     }
 
     @Test
@@ -293,23 +297,28 @@ class DocumentBoxTest {
         assertEquals("null std::string", e.getMessage());
     }
 
-    @Test
-    void dateOfZeroIsTheLocalEpochWithTheMillisecondsOfNow() {
+    /** The date a file information built from Java gets from the device time {@code seconds}. */
+    private static Date dateOf(int seconds) {
         long info = new_zel_fnd_removable_memory_file_info();
         try {
             Object o = zel_fnd_removable_memory_file_info_create_removable_memory_file_info(info, null);
-            long before = System.currentTimeMillis() % 1000;
-            zel_fnd_removable_memory_file_info_set_field_date(info, null, o, 0);
-            long after = System.currentTimeMillis() % 1000;
-            Date d = ((RemovableMemoryFileInfoImpl) o).getDate();
-            assertNotNull(d);
-            long ms = d.getTime() % 1000;
-            assertEquals(0, d.getTime() / 1000, "the epoch second in UTC");
-            assertTrue(after >= before ? (ms >= before && ms <= after) : (ms >= before || ms <= after),
-                       "milliseconds of the moment: " + ms + " in [" + before + ", " + after + "]");
+            zel_fnd_removable_memory_file_info_set_field_date(info, null, o, seconds);
+            return ((RemovableMemoryFileInfoImpl) o).getDate();
         } finally {
             delete_zel_fnd_removable_memory_file_info(info);
         }
+    }
+
+    @Test
+    void dateOfZeroIsTheLocalEpochWithTheMillisecondsOfNow() {
+        long before = System.currentTimeMillis() % 1000;
+        Date d = dateOf(0);
+        long after = System.currentTimeMillis() % 1000;
+        assertNotNull(d);
+        long ms = d.getTime() % 1000;
+        assertEquals(0, d.getTime() / 1000, "the epoch second in UTC");
+        assertTrue(after >= before ? (ms >= before && ms <= after) : (ms >= before || ms <= after),
+                   "milliseconds of the moment: " + ms + " in [" + before + ", " + after + "]");
     }
 
     @Test
@@ -317,15 +326,8 @@ class DocumentBoxTest {
         // The device clock is UTC (TZ of the process); a JVM in another zone reads the same wall
         // time in its own zone: 1970-01-01 00:00:00 Tokyo.
         TimeZone.setDefault(TimeZone.getTimeZone("Asia/Tokyo"));
-        long info = new_zel_fnd_removable_memory_file_info();
-        try {
-            Object o = zel_fnd_removable_memory_file_info_create_removable_memory_file_info(info, null);
-            zel_fnd_removable_memory_file_info_set_field_date(info, null, o, 0);
-            long s = Math.floorDiv(((RemovableMemoryFileInfoImpl) o).getDate().getTime(), 1000L);
-            assertEquals(-9 * 3600, s);
-        } finally {
-            delete_zel_fnd_removable_memory_file_info(info);
-        }
+        long s = Math.floorDiv(dateOf(0).getTime(), 1000L);
+        assertEquals(-9 * 3600, s);
     }
 
     @Test
@@ -333,19 +335,12 @@ class DocumentBoxTest {
         // A device user whose locale has the Buddhist calendar: the year 1970 of the clock is taken
         // as Buddhist year 1970, i.e. 1427 of the Gregorian calendar.
         Locale.setDefault(Locale.forLanguageTag("th-TH-u-ca-buddhist"));
-        long info = new_zel_fnd_removable_memory_file_info();
-        try {
-            Object o = zel_fnd_removable_memory_file_info_create_removable_memory_file_info(info, null);
-            zel_fnd_removable_memory_file_info_set_field_date(info, null, o, 86400 * 31);
-            Date d = ((RemovableMemoryFileInfoImpl) o).getDate();
-            Calendar g = new GregorianCalendar(TimeZone.getTimeZone("UTC"), Locale.US);
-            g.setTime(d);
-            assertEquals(1970 - 543, g.get(Calendar.YEAR));
-            assertEquals(Calendar.FEBRUARY, g.get(Calendar.MONTH));
-            assertEquals(1, g.get(Calendar.DAY_OF_MONTH));
-        } finally {
-            delete_zel_fnd_removable_memory_file_info(info);
-        }
+        Date d = dateOf(86400 * 31);
+        Calendar g = new GregorianCalendar(TimeZone.getTimeZone("UTC"), Locale.US);
+        g.setTime(d);
+        assertEquals(1970 - 543, g.get(Calendar.YEAR));
+        assertEquals(Calendar.FEBRUARY, g.get(Calendar.MONTH));
+        assertEquals(1, g.get(Calendar.DAY_OF_MONTH));
     }
 
     @Test

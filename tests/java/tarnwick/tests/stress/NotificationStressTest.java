@@ -18,6 +18,7 @@ import tarnwick.sim.SimAddressBook;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimFlood;
 import tarnwick.sim.SimJobs;
+import tarnwick.tests.support.EventProxies;
 import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.controller.event.job.Job;
 import tarnwick.zel.controller.event.job.PrintPageInfo;
@@ -26,7 +27,6 @@ import tarnwick.zel.controller.event.proxy.CommonProxy;
 import tarnwick.zel.controller.event.proxy.JobInfoProxy;
 import tarnwick.zel.controller.event.proxy.JobProxy;
 import tarnwick.zel.controller.event.proxy.PanelProxy;
-import tarnwick.zel.controller.event.proxy.SynchronousEventProxy;
 import tarnwick.zel.wrapper.address.CMT_ADDRESSBOOKJNI;
 import tarnwick.zel.wrapper.appinfo.cmt_appinfoJNI;
 import tarnwick.zel.wrapper.device.attribute.CMT_ICCardJNI;
@@ -73,10 +73,10 @@ class NotificationStressTest {
     }
 
     private void listen() {
-        CommonProxy.addListener(new CommonProxy.Listener() {
+        CommonProxy.listeners.add(new CommonProxy.Listener() {
             @Override public void cover(long status) { count(SimFlood.COMMON, status); }
         });
-        JobProxy.addListener(new JobProxy.Listener() {
+        JobProxy.listeners.add(new JobProxy.Listener() {
             @Override public void jobStateChanged(Job job) {
                 if (!("user" + Integer.toUnsignedString(job.getJobid())).equals(job.getUserName())) {
                     failures.add(new AssertionError("job " + job.getJobid() + " came with user " + job.getUserName()));
@@ -84,24 +84,15 @@ class NotificationStressTest {
                 count(SimFlood.JOB, Integer.toUnsignedLong(job.getJobid()));
             }
         });
-        PanelProxy.addListener(new PanelProxy.Listener() {
+        PanelProxy.listeners.add(new PanelProxy.Listener() {
             @Override public void applStart(long id) { count(SimFlood.PANEL, id); }
         });
-        AccProxy.addListener(new AccProxy.Listener() {
+        AccProxy.listeners.add(new AccProxy.Listener() {
             @Override public void icCardError(int code) { count(SimFlood.ACC, code); }
         });
-        JobInfoProxy.addListener(new JobInfoProxy.Listener() {
+        JobInfoProxy.listeners.add(new JobInfoProxy.Listener() {
             @Override public void page(Object info) { count(SimFlood.JOBINFO, ((PrintPageInfo) info).getUserJobId()); }
         });
-    }
-
-    private static void removeListeners() {
-        CommonProxy.removeAllListeners();
-        SynchronousEventProxy.removeAllListeners();
-        JobProxy.removeAllListeners();
-        JobInfoProxy.removeAllListeners();
-        AccProxy.removeAllListeners();
-        PanelProxy.removeAllListeners();
     }
 
     // ----- what the Java threads call -----
@@ -275,7 +266,7 @@ class NotificationStressTest {
         SimJobs.reset();
         SimAddressBook.reset();
         SimAddressBook.generate(ADDRESSES, 1);
-        removeListeners();
+        EventProxies.removeAllListeners();
         listen();
         assertEquals(0, cmt_commonJNI.cmt_init_init());
         ModuleRecords records = new ModuleRecords();
@@ -322,7 +313,7 @@ class NotificationStressTest {
             }
         } finally {
             ZELFNDEventJNI.delete_zel_fnd_event_manager(manager);
-            removeListeners();
+            EventProxies.removeAllListeners();
         }
     }
 }

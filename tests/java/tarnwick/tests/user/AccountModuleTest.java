@@ -10,35 +10,13 @@ import static tarnwick.tests.support.SimDeviceExtension.repeat;
 import static tarnwick.tests.support.SimDeviceExtension.trace;
 
 import java.util.List;
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
-import org.junit.jupiter.api.extension.RegisterExtension;
 import tarnwick.sim.SimDevice;
 import tarnwick.sim.SimUsers;
-import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.wrapper.account.CMT_Account_ModuleJNI;
 
 /** Department accounting through the account module, on the simulated device. */
-class AccountModuleTest {
-    @RegisterExtension
-    static final SimDeviceExtension device = new SimDeviceExtension();
-
-    private long manager;
-    private long config;
-
-    @BeforeEach
-    void start() {
-        manager = CMT_Account_ModuleJNI.new_cmt_account_manager();
-        config = CMT_Account_ModuleJNI.new_cmt_account_config();
-    }
-
-    @AfterEach
-    void stop() {
-        CMT_Account_ModuleJNI.delete_cmt_account_config(config);
-        CMT_Account_ModuleJNI.delete_cmt_account_manager(manager);
-    }
-
+class AccountModuleTest extends AccountFixture {
     @Test
     void aNewDepartmentIsTraced() {
         long a = CMT_Account_ModuleJNI.new_cmt_account("D42");

@@ -6,7 +6,6 @@ import static org.junit.jupiter.api.Assertions.assertThrows;
 import static tarnwick.tests.support.SimDeviceExtension.trace;
 
 import java.util.List;
-import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
 import org.junit.jupiter.api.extension.RegisterExtension;
@@ -31,14 +30,8 @@ class AuthenticationTest {
         SimUsers.addLocalUser("alice", "secret", "Alice Archer", "alice@example.com", 1, 25, 3, "arisu",
                 "0123456789ABCDEF", "");
         SimUsers.addLocalUser("bob", "pw", "Bob", "bob@corp", 0, 0, 0, "", "", "corp");
-        auth = ZELFNDUserJNI.new_zel_fnd_authentication();
-        cert = ZELFNDUserJNI.new_ZEL_FND_CERTIFICATE_ID();
-    }
-
-    @AfterEach
-    void stop() {
-        ZELFNDUserJNI.delete_ZEL_FND_CERTIFICATE_ID(cert);
-        ZELFNDUserJNI.delete_zel_fnd_authentication(auth);
+        auth = device.make(ZELFNDUserJNI::new_zel_fnd_authentication, ZELFNDUserJNI::delete_zel_fnd_authentication);
+        cert = device.make(ZELFNDUserJNI::new_ZEL_FND_CERTIFICATE_ID, ZELFNDUserJNI::delete_ZEL_FND_CERTIFICATE_ID);
     }
 
     private int login(String user, String pw) {

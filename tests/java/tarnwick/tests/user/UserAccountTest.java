@@ -8,7 +8,6 @@ import static tarnwick.tests.support.SimDeviceExtension.repeat;
 import static tarnwick.tests.support.SimDeviceExtension.trace;
 
 import java.util.List;
-import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
 import org.junit.jupiter.api.extension.RegisterExtension;
@@ -28,14 +27,8 @@ class UserAccountTest {
 
     @BeforeEach
     void start() {
-        acc = ZELFNDUserJNI.new_zel_fnd_user_account();
-        rec = ZELFNDUserJNI.new_ESV_ZEL_HIDE_USERINFO_RECORD();
-    }
-
-    @AfterEach
-    void stop() {
-        ZELFNDUserJNI.delete_ESV_ZEL_HIDE_USERINFO_RECORD(rec);
-        ZELFNDUserJNI.delete_zel_fnd_user_account(acc);
+        acc = device.make(ZELFNDUserJNI::new_zel_fnd_user_account, ZELFNDUserJNI::delete_zel_fnd_user_account);
+        rec = device.make(ZELFNDUserJNI::new_ESV_ZEL_HIDE_USERINFO_RECORD, ZELFNDUserJNI::delete_ESV_ZEL_HIDE_USERINFO_RECORD);
     }
 
     private void fill(String login, String pw, String dept) {

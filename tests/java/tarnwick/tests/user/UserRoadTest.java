@@ -3,11 +3,15 @@ package tarnwick.tests.user;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertNotNull;
 import static org.junit.jupiter.api.Assertions.assertTrue;
+import static tarnwick.zel.wrapper.job.ESV_ZEL_JOB_CATEGORY.ESV_ZEL_JOB_CATEGORY_COPY;
+import static tarnwick.zel.wrapper.job.ESV_ZEL_JOB_PHB_CATEGORY.ESV_ZEL_JOB_PHB_CATEGORY_COPY;
+import static tarnwick.zel.wrapper.job.ESV_ZEL_JOB_SETTING.ESV_ZEL_JOB_SETTING_COPIES;
+import static tarnwick.zel.wrapper.job.ESV_ZEL_JOB_SETTING.ESV_ZEL_JOB_SETTING_ORIGINAL_PAGES;
+import static tarnwick.zel.wrapper.job.ESV_ZEL_JOB_SETTING.ESV_ZEL_JOB_SETTING_USER_NAME;
 
 import java.util.concurrent.ArrayBlockingQueue;
 import java.util.concurrent.BlockingQueue;
 import java.util.concurrent.TimeUnit;
-import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
 import org.junit.jupiter.api.extension.RegisterExtension;
@@ -18,7 +22,6 @@ import tarnwick.tests.support.SimDeviceExtension;
 import tarnwick.zel.controller.event.device.ICCardInfo;
 import tarnwick.zel.controller.event.proxy.AccProxy;
 import tarnwick.zel.wrapper.account.CMT_Account_ModuleJNI;
-import tarnwick.zel.wrapper.event.ZELFNDEventJNI;
 import tarnwick.zel.wrapper.job.zel_fnd_job_moduleJNI;
 import tarnwick.zel.wrapper.user.ZELFNDUserJNI;
 
@@ -30,11 +33,6 @@ class UserRoadTest {
     @RegisterExtension
     static final SimDeviceExtension device = new SimDeviceExtension();
 
-    private static final int PHB_COPY = 0;
-    private static final int CATEGORY_COPY = 0;
-    private static final int SETTING_COPIES = 0;
-    private static final int SETTING_ORIGINAL_PAGES = 9;
-    private static final int SETTING_USER_NAME = 104;
 
     private final BlockingQueue<ICCardInfo> cards = new ArrayBlockingQueue<>(4);
     private final AccProxy.Listener listener = new AccProxy.Listener() {
@@ -42,22 +40,13 @@ class UserRoadTest {
         @Override public void icCardError(int code) {}
         @Override public void icCardDevice(int vendor, int product, boolean connected, byte types) {}
     };
-    private long manager;
     private long auth;
 
     @BeforeEach
     void start() {
-        AccProxy.addListener(listener);
-        manager = ZELFNDEventJNI.new_zel_fnd_event_manager();
-        assertTrue(ZELFNDEventJNI.zel_fnd_event_manager_init(manager, null));
-        auth = ZELFNDUserJNI.new_zel_fnd_authentication();
-    }
-
-    @AfterEach
-    void stop() {
-        ZELFNDUserJNI.delete_zel_fnd_authentication(auth);
-        ZELFNDEventJNI.delete_zel_fnd_event_manager(manager);
-        AccProxy.removeListener(listener);
+        device.listen(AccProxy.listeners, listener);
+        device.startEventManager();
+        auth = device.make(ZELFNDUserJNI::new_zel_fnd_authentication, ZELFNDUserJNI::delete_zel_fnd_authentication);
     }
 
     @Test
@@ -88,13 +77,13 @@ class UserRoadTest {
     private void copy(String user, long pages, long copies) {
         long proxy = zel_fnd_job_moduleJNI.new_zel_fnd_job_proxy();
         long[] id = {0};
-        assertEquals(0, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_generate_jobinfo(proxy, null, PHB_COPY, id));
-        assertEquals(0, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_set_value__SWIG_0(proxy, null, id[0], SETTING_ORIGINAL_PAGES, pages));
-        assertEquals(0, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_set_value__SWIG_0(proxy, null, id[0], SETTING_COPIES, copies));
-        assertEquals(0, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_set_value__SWIG_1(proxy, null, id[0], SETTING_USER_NAME, user));
+        assertEquals(0, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_generate_jobinfo(proxy, null, ESV_ZEL_JOB_PHB_CATEGORY_COPY, id));
+        assertEquals(0, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_set_value__SWIG_0(proxy, null, id[0], ESV_ZEL_JOB_SETTING_ORIGINAL_PAGES, pages));
+        assertEquals(0, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_set_value__SWIG_0(proxy, null, id[0], ESV_ZEL_JOB_SETTING_COPIES, copies));
+        assertEquals(0, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_set_value__SWIG_1(proxy, null, id[0], ESV_ZEL_JOB_SETTING_USER_NAME, user));
         assertEquals(0, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_commit_jobinfo(proxy, null, id[0]));
         long[] uid = {0};
-        assertEquals(0, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_create_job(proxy, null, CATEGORY_COPY, id[0], uid));
+        assertEquals(0, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_create_job(proxy, null, ESV_ZEL_JOB_CATEGORY_COPY, id[0], uid));
         assertEquals(0, zel_fnd_job_moduleJNI.zel_fnd_job_proxy_start(proxy, null, uid[0]));
         assertTrue(SimJobs.waitJobDone(uid[0], 20000));
         zel_fnd_job_moduleJNI.delete_zel_fnd_job_proxy(proxy);

@@ -30,16 +30,15 @@ class ZELFNDUserHostileTest {
 
     @BeforeEach
     void start() {
-        auth = ZELFNDUserJNI.new_zel_fnd_authentication();
-        cert = ZELFNDUserJNI.new_ZEL_FND_CERTIFICATE_ID();
+        auth = device.make(ZELFNDUserJNI::new_zel_fnd_authentication, ZELFNDUserJNI::delete_zel_fnd_authentication);
+        cert = device.make(ZELFNDUserJNI::new_ZEL_FND_CERTIFICATE_ID, ZELFNDUserJNI::delete_ZEL_FND_CERTIFICATE_ID);
         builder = ZELFNDUserJNI.new_zel_fnd_user_info();
     }
 
     @AfterEach
     void stop() {
+        // The builder first: what it holds open is closed with it.
         ZELFNDUserJNI.delete_zel_fnd_user_info(builder);
-        ZELFNDUserJNI.delete_ZEL_FND_CERTIFICATE_ID(cert);
-        ZELFNDUserJNI.delete_zel_fnd_authentication(auth);
         assertEquals(0, SimDevice.openResources(SimUsers.USER_LIST));
         assertEquals(0, SimDevice.openResources("platform block"));
     }

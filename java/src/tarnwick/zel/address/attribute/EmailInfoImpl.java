@@ -1,13 +1,13 @@
 package tarnwick.zel.address.attribute;
 
-import java.util.Objects;
-
 /**
  * The e-mail destination of an address.
  *
  * <p>Made by the address book's search (fields filled by the library); applications read it.
  */
-public class EmailInfoImpl {
+public class EmailInfoImpl extends AddressPart {
+    private static final String[] NAMES = {"mailAddress"};
+
     private String mailAddress;
 
     /** An empty object; the library fills its fields. */
@@ -22,24 +22,12 @@ public class EmailInfoImpl {
     }
 
     @Override
-    public boolean equals(Object other) {
-        if (this == other) return true;
-        if (other == null || other.getClass() != getClass()) return false;
-        EmailInfoImpl o = (EmailInfoImpl) other;
-        return Objects.equals(mailAddress, o.mailAddress);
+    String[] names() {
+        return NAMES;
     }
 
     @Override
-    public int hashCode() {
-        return Objects.hash(mailAddress);
-    }
-
-    @Override
-    public String toString() {
-        return "EmailInfoImpl{" + "mailAddress=" + quote(mailAddress) + "}";
-    }
-
-    private static String quote(String s) {
-        return s == null ? "null" : "\"" + s + "\"";
+    Object[] values() {
+        return new Object[] {mailAddress};
     }
 }

@@ -1,13 +1,13 @@
 package tarnwick.zel.address.attribute;
 
-import java.util.Objects;
-
 /**
  * The fax destination of an address: number, line settings, sub-address, encoding and cover-sheet texts. Type values are the device's codes, passed on as bytes.
  *
  * <p>Made by the address book's search (fields filled by the library); applications read it.
  */
-public class FaxInfoImpl {
+public class FaxInfoImpl extends AddressPart {
+    private static final String[] NAMES = {"faxNum", "bitrateType", "ecm", "faxAddress", "encode", "encodeID", "encodeBox", "encodeBoxNum", "name", "department", "company", "honorificTitleType"};
+
     private String faxNum;
     private byte bitrateType;
     private byte ecm;
@@ -88,24 +88,12 @@ public class FaxInfoImpl {
     }
 
     @Override
-    public boolean equals(Object other) {
-        if (this == other) return true;
-        if (other == null || other.getClass() != getClass()) return false;
-        FaxInfoImpl o = (FaxInfoImpl) other;
-        return Objects.equals(faxNum, o.faxNum) && bitrateType == o.bitrateType && ecm == o.ecm && Objects.equals(faxAddress, o.faxAddress) && encode == o.encode && encodeID == o.encodeID && encodeBox == o.encodeBox && encodeBoxNum == o.encodeBoxNum && Objects.equals(name, o.name) && Objects.equals(department, o.department) && Objects.equals(company, o.company) && honorificTitleType == o.honorificTitleType;
+    String[] names() {
+        return NAMES;
     }
 
     @Override
-    public int hashCode() {
-        return Objects.hash(faxNum, bitrateType, ecm, faxAddress, encode, encodeID, encodeBox, encodeBoxNum, name, department, company, honorificTitleType);
-    }
-
-    @Override
-    public String toString() {
-        return "FaxInfoImpl{" + "faxNum=" + quote(faxNum) + ", " + "bitrateType=" + bitrateType + ", " + "ecm=" + ecm + ", " + "faxAddress=" + quote(faxAddress) + ", " + "encode=" + encode + ", " + "encodeID=" + encodeID + ", " + "encodeBox=" + encodeBox + ", " + "encodeBoxNum=" + encodeBoxNum + ", " + "name=" + quote(name) + ", " + "department=" + quote(department) + ", " + "company=" + quote(company) + ", " + "honorificTitleType=" + honorificTitleType + "}";
-    }
-
-    private static String quote(String s) {
-        return s == null ? "null" : "\"" + s + "\"";
+    Object[] values() {
+        return new Object[] {faxNum, bitrateType, ecm, faxAddress, encode, encodeID, encodeBox, encodeBoxNum, name, department, company, honorificTitleType};
     }
 }

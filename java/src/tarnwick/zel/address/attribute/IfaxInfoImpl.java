@@ -1,13 +1,13 @@
 package tarnwick.zel.address.attribute;
 
-import java.util.Objects;
-
 /**
  * The Internet-fax destination of an address. Type values are the device's codes, passed on as bytes.
  *
  * <p>Made by the address book's search (fields filled by the library); applications read it.
  */
-public class IfaxInfoImpl {
+public class IfaxInfoImpl extends AddressPart {
+    private static final String[] NAMES = {"ifaxAddress", "modeType", "sizeType", "resolutionType", "fileType"};
+
     private String ifaxAddress;
     private byte modeType;
     private byte sizeType;
@@ -46,24 +46,12 @@ public class IfaxInfoImpl {
     }
 
     @Override
-    public boolean equals(Object other) {
-        if (this == other) return true;
-        if (other == null || other.getClass() != getClass()) return false;
-        IfaxInfoImpl o = (IfaxInfoImpl) other;
-        return Objects.equals(ifaxAddress, o.ifaxAddress) && modeType == o.modeType && sizeType == o.sizeType && resolutionType == o.resolutionType && fileType == o.fileType;
+    String[] names() {
+        return NAMES;
     }
 
     @Override
-    public int hashCode() {
-        return Objects.hash(ifaxAddress, modeType, sizeType, resolutionType, fileType);
-    }
-
-    @Override
-    public String toString() {
-        return "IfaxInfoImpl{" + "ifaxAddress=" + quote(ifaxAddress) + ", " + "modeType=" + modeType + ", " + "sizeType=" + sizeType + ", " + "resolutionType=" + resolutionType + ", " + "fileType=" + fileType + "}";
-    }
-
-    private static String quote(String s) {
-        return s == null ? "null" : "\"" + s + "\"";
+    Object[] values() {
+        return new Object[] {ifaxAddress, modeType, sizeType, resolutionType, fileType};
     }
 }

@@ -1,13 +1,13 @@
 package tarnwick.zel.address.attribute;
 
-import java.util.Objects;
-
 /**
  * The name of an address and its pronunciation.
  *
  * <p>Made by the address book's search (fields filled by the library); applications read it.
  */
-public class NameInfoImpl {
+public class NameInfoImpl extends AddressPart {
+    private static final String[] NAMES = {"name", "pronunciation"};
+
     private String name;
     private String pronunciation;
 
@@ -28,24 +28,12 @@ public class NameInfoImpl {
     }
 
     @Override
-    public boolean equals(Object other) {
-        if (this == other) return true;
-        if (other == null || other.getClass() != getClass()) return false;
-        NameInfoImpl o = (NameInfoImpl) other;
-        return Objects.equals(name, o.name) && Objects.equals(pronunciation, o.pronunciation);
+    String[] names() {
+        return NAMES;
     }
 
     @Override
-    public int hashCode() {
-        return Objects.hash(name, pronunciation);
-    }
-
-    @Override
-    public String toString() {
-        return "NameInfoImpl{" + "name=" + quote(name) + ", " + "pronunciation=" + quote(pronunciation) + "}";
-    }
-
-    private static String quote(String s) {
-        return s == null ? "null" : "\"" + s + "\"";
+    Object[] values() {
+        return new Object[] {name, pronunciation};
     }
 }

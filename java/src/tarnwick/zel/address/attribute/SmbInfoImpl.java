@@ -1,13 +1,13 @@
 package tarnwick.zel.address.attribute;
 
-import java.util.Objects;
-
 /**
  * The SMB (shared folder) destination of an address.
  *
  * <p>Made by the address book's search (fields filled by the library); applications read it.
  */
-public class SmbInfoImpl {
+public class SmbInfoImpl extends AddressPart {
+    private static final String[] NAMES = {"host", "path", "port", "loginName", "password"};
+
     private String host;
     private String path;
     private int port;
@@ -46,29 +46,12 @@ public class SmbInfoImpl {
     }
 
     @Override
-    public boolean equals(Object other) {
-        if (this == other) return true;
-        if (other == null || other.getClass() != getClass()) return false;
-        SmbInfoImpl o = (SmbInfoImpl) other;
-        return Objects.equals(host, o.host) && Objects.equals(path, o.path) && port == o.port && Objects.equals(loginName, o.loginName) && Objects.equals(password, o.password);
+    String[] names() {
+        return NAMES;
     }
 
     @Override
-    public int hashCode() {
-        return Objects.hash(host, path, port, loginName, password);
-    }
-
-    @Override
-    public String toString() {
-        return "SmbInfoImpl{" + "host=" + quote(host) + ", " + "path=" + quote(path) + ", " + "port=" + port + ", " + "loginName=" + quote(loginName) + ", " + "password=" + mask(password) + "}";
-    }
-
-    private static String quote(String s) {
-        return s == null ? "null" : "\"" + s + "\"";
-    }
-
-    /** Passwords are not shown: only whether one is set. */
-    private static String mask(String s) {
-        return s == null ? "null" : s.isEmpty() ? "\"\"" : "***";
+    Object[] values() {
+        return new Object[] {host, path, port, loginName, password};
     }
 }

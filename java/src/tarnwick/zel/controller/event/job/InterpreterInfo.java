@@ -1,21 +1,14 @@
 package tarnwick.zel.controller.event.job;
 
 /** An interpreter that started for a print job. */
-public class InterpreterInfo {
-    private long userJobId;
+public class InterpreterInfo extends UserJobInfo {
+    private static final String[] NAMES = {"userJobId", "nameSetting", "interfaceInfo", "jobName"};
+
     private int nameSetting;
     private long interfaceInfo;
     private String jobName;
 
     public InterpreterInfo() {}
-
-    public void setUserJobId(long userJobId) {
-        this.userJobId = userJobId;
-    }
-
-    public long getUserJobId() {
-        return userJobId;
-    }
 
     public void setNameSetting(int nameSetting) {
         this.nameSetting = nameSetting;
@@ -42,7 +35,12 @@ public class InterpreterInfo {
     }
 
     @Override
-    public String toString() {
-        return "InterpreterInfo[" + "userJobId=" + userJobId + ", " + "nameSetting=" + nameSetting + ", " + "interfaceInfo=" + interfaceInfo + ", " + "jobName=" + jobName + "]";
+    String[] names() {
+        return NAMES;
+    }
+
+    @Override
+    Object[] values() {
+        return new Object[] {getUserJobId(), nameSetting, interfaceInfo, jobName};
     }
 }

@@ -1,7 +1,9 @@
 package tarnwick.zel.controller.event.job;
 
 /** A job as the job service reports it when its state changes. */
-public class Job {
+public class Job extends EventRecord {
+    private static final String[] NAMES = {"jobid", "state", "jobMode", "userName", "indev", "outdev"};
+
     private int jobid;
     private JobState state;
     private int jobMode;
@@ -60,7 +62,12 @@ public class Job {
     }
 
     @Override
-    public String toString() {
-        return "Job[" + "jobid=" + jobid + ", " + "state=" + state + ", " + "jobMode=" + jobMode + ", " + "userName=" + userName + ", " + "indev=" + indev + ", " + "outdev=" + outdev + "]";
+    String[] names() {
+        return NAMES;
+    }
+
+    @Override
+    Object[] values() {
+        return new Object[] {jobid, state, jobMode, userName, indev, outdev};
     }
 }

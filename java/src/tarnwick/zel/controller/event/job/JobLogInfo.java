@@ -1,19 +1,12 @@
 package tarnwick.zel.controller.event.job;
 
 /** A job-log entry that was written. */
-public class JobLogInfo {
-    private long userJobId;
+public class JobLogInfo extends UserJobInfo {
+    private static final String[] NAMES = {"userJobId", "receiptId"};
+
     private long receiptId;
 
     public JobLogInfo() {}
-
-    public void setUserJobId(long userJobId) {
-        this.userJobId = userJobId;
-    }
-
-    public long getUserJobId() {
-        return userJobId;
-    }
 
     public void setReceiptId(long receiptId) {
         this.receiptId = receiptId;
@@ -24,7 +17,12 @@ public class JobLogInfo {
     }
 
     @Override
-    public String toString() {
-        return "JobLogInfo[" + "userJobId=" + userJobId + ", " + "receiptId=" + receiptId + "]";
+    String[] names() {
+        return NAMES;
+    }
+
+    @Override
+    Object[] values() {
+        return new Object[] {getUserJobId(), receiptId};
     }
 }

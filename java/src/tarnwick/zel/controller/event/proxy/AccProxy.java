@@ -20,31 +20,35 @@ public final class AccProxy {
         default void icCardDevice(int vendorId, int productId, boolean connected, byte cardTypes) {}
     }
 
-    private static final Listeners<Listener> LISTENERS = new Listeners<>();
-
-    private AccProxy() {}
+    /**
+     * The listeners of these events: {@link #addListener} (one added twice is called twice),
+     * {@link #removeListener} (whether it was registered) and {@link #removeAllListeners} act on it.
+     */
+    public static final Listeners<Listener> listeners = new Listeners<>();
 
     public static void addListener(Listener listener) {
-        LISTENERS.add(listener);
+        listeners.add(listener);
     }
 
     public static boolean removeListener(Listener listener) {
-        return LISTENERS.remove(listener);
+        return listeners.remove(listener);
     }
 
     public static void removeAllListeners() {
-        LISTENERS.clear();
+        listeners.clear();
     }
 
+    private AccProxy() {}
+
     public static void fireICCardEvent(ICCardInfo info) {
-        LISTENERS.each(l -> l.icCard(info));
+        listeners.each(l -> l.icCard(info));
     }
 
     public static void fireICCardErrorEvent(int code) {
-        LISTENERS.each(l -> l.icCardError(code));
+        listeners.each(l -> l.icCardError(code));
     }
 
     public static void fireICCardDeviceEvent(int vendorId, int productId, boolean connected, byte cardTypes) {
-        LISTENERS.each(l -> l.icCardDevice(vendorId, productId, connected, cardTypes));
+        listeners.each(l -> l.icCardDevice(vendorId, productId, connected, cardTypes));
     }
 }

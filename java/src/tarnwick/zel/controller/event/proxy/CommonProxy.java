@@ -35,63 +35,67 @@ public class CommonProxy extends SynchronousEventProxy {
         default void keyDevice(int status) {}
     }
 
-    private static final Listeners<Listener> LISTENERS = new Listeners<>();
-
-    protected CommonProxy() {}
+    /**
+     * The listeners of these events: {@link #addListener} (one added twice is called twice),
+     * {@link #removeListener} (whether it was registered) and {@link #removeAllListeners} act on it.
+     */
+    public static final Listeners<Listener> listeners = new Listeners<>();
 
     public static void addListener(Listener listener) {
-        LISTENERS.add(listener);
+        listeners.add(listener);
     }
 
     public static boolean removeListener(Listener listener) {
-        return LISTENERS.remove(listener);
+        return listeners.remove(listener);
     }
 
     public static void removeAllListeners() {
-        LISTENERS.clear();
+        listeners.clear();
     }
 
+    protected CommonProxy() {}
+
     public static void fireLogoutEvent() {
-        LISTENERS.each(Listener::logout);
+        listeners.each(Listener::logout);
     }
 
     public static void fireCommunicationErrorEvent() {
-        LISTENERS.each(Listener::communicationError);
+        listeners.each(Listener::communicationError);
     }
 
     public static void fireSleepEvent(int state) {
-        LISTENERS.each(l -> l.sleep(state));
+        listeners.each(l -> l.sleep(state));
     }
 
     public static void fireCompletedActivationEvent(int scenario, long value) {
-        LISTENERS.each(l -> l.completedActivation(scenario, value));
+        listeners.each(l -> l.completedActivation(scenario, value));
     }
 
     public static void fireUSBDeviceEvent(int status) {
-        LISTENERS.each(l -> l.usbDevice(status));
+        listeners.each(l -> l.usbDevice(status));
     }
 
     public static void fireCoinVendorEvent(int status) {
-        LISTENERS.each(l -> l.coinVendor(status));
+        listeners.each(l -> l.coinVendor(status));
     }
 
     public static void fireTonerLevelEvent(short first, short second) {
-        LISTENERS.each(l -> l.tonerLevel(first, second));
+        listeners.each(l -> l.tonerLevel(first, second));
     }
 
     public static void firePaperSourceLevelEvent(int source, short level) {
-        LISTENERS.each(l -> l.paperSourceLevel(source, level));
+        listeners.each(l -> l.paperSourceLevel(source, level));
     }
 
     public static void fireCoverEvent(long status) {
-        LISTENERS.each(l -> l.cover(status));
+        listeners.each(l -> l.cover(status));
     }
 
     public static void fireWasteTonerEvent(short status) {
-        LISTENERS.each(l -> l.wasteToner(status));
+        listeners.each(l -> l.wasteToner(status));
     }
 
     public static void fireKeyDeviceEvent(int status) {
-        LISTENERS.each(l -> l.keyDevice(status));
+        listeners.each(l -> l.keyDevice(status));
     }
 }

@@ -23,31 +23,35 @@ public final class JobInfoProxy {
         default void interpreter(InterpreterInfo info) {}
     }
 
-    private static final Listeners<Listener> LISTENERS = new Listeners<>();
-
-    private JobInfoProxy() {}
+    /**
+     * The listeners of these events: {@link #addListener} (one added twice is called twice),
+     * {@link #removeListener} (whether it was registered) and {@link #removeAllListeners} act on it.
+     */
+    public static final Listeners<Listener> listeners = new Listeners<>();
 
     public static void addListener(Listener listener) {
-        LISTENERS.add(listener);
+        listeners.add(listener);
     }
 
     public static boolean removeListener(Listener listener) {
-        return LISTENERS.remove(listener);
+        return listeners.remove(listener);
     }
 
     public static void removeAllListeners() {
-        LISTENERS.clear();
+        listeners.clear();
     }
 
+    private JobInfoProxy() {}
+
     public static void firePageEvent(Object info) {
-        LISTENERS.each(l -> l.page(info));
+        listeners.each(l -> l.page(info));
     }
 
     public static void fireJobLogEvent(JobLogInfo info) {
-        LISTENERS.each(l -> l.jobLog(info));
+        listeners.each(l -> l.jobLog(info));
     }
 
     public static void fireInterpreterEvent(InterpreterInfo info) {
-        LISTENERS.each(l -> l.interpreter(info));
+        listeners.each(l -> l.interpreter(info));
     }
 }

@@ -25,39 +25,43 @@ public final class JobProxy {
         default void panelMessageUpdate(long id) {}
     }
 
-    private static final Listeners<Listener> LISTENERS = new Listeners<>();
-
-    private JobProxy() {}
+    /**
+     * The listeners of these events: {@link #addListener} (one added twice is called twice),
+     * {@link #removeListener} (whether it was registered) and {@link #removeAllListeners} act on it.
+     */
+    public static final Listeners<Listener> listeners = new Listeners<>();
 
     public static void addListener(Listener listener) {
-        LISTENERS.add(listener);
+        listeners.add(listener);
     }
 
     public static boolean removeListener(Listener listener) {
-        return LISTENERS.remove(listener);
+        return listeners.remove(listener);
     }
 
     public static void removeAllListeners() {
-        LISTENERS.clear();
+        listeners.clear();
     }
 
+    private JobProxy() {}
+
     public static void fireJobStateChangedEvent(Job job) {
-        LISTENERS.each(l -> l.jobStateChanged(job));
+        listeners.each(l -> l.jobStateChanged(job));
     }
 
     public static void fireScanCountEvent(long first, long second) {
-        LISTENERS.each(l -> l.scanCount(first, second));
+        listeners.each(l -> l.scanCount(first, second));
     }
 
     public static void fireStartProhibitionEvent(long id) {
-        LISTENERS.each(l -> l.startProhibition(id));
+        listeners.each(l -> l.startProhibition(id));
     }
 
     public static void fireCombConstraintEvent(long id) {
-        LISTENERS.each(l -> l.combConstraint(id));
+        listeners.each(l -> l.combConstraint(id));
     }
 
     public static void firePanelMessageUpdateEvent(long id) {
-        LISTENERS.each(l -> l.panelMessageUpdate(id));
+        listeners.each(l -> l.panelMessageUpdate(id));
     }
 }

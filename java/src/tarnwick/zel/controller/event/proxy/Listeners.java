@@ -5,23 +5,42 @@ import java.util.concurrent.CopyOnWriteArrayList;
 import java.util.function.Consumer;
 
 /**
- * The listeners of one proxy. Events arrive on device threads while applications add and remove
- * listeners on their own threads; each event goes to the listeners registered when it arrives (a
- * listener removed during a delivery may still receive that delivery).
+ * The listeners of one event proxy, the same for every proxy: {@code JobProxy.listeners.add(l)},
+ * {@code .remove(l)}, {@code .clear()} (or the proxy's {@code addListener}, {@code removeListener},
+ * {@code removeAllListeners}). Events arrive on device threads while applications add and
+ * remove listeners on their own threads, from any thread; each event goes to the listeners
+ * registered when it arrives (a listener removed during a delivery may still receive that delivery).
+ *
+ * @param <L> the proxy's listener interface
  */
-final class Listeners<L> {
+public final class Listeners<L> {
     private final List<L> list = new CopyOnWriteArrayList<>();
 
-    void add(L listener) {
+    Listeners() {}
+
+    /**
+     * Adds a listener; one added twice is called twice.
+     *
+     * @param listener the listener, not null
+     * @throws NullPointerException when {@code listener} is null
+     */
+    public void add(L listener) {
         if (listener == null) throw new NullPointerException("listener");
         list.add(listener);
     }
 
-    boolean remove(L listener) {
+    /**
+     * Removes a listener (its first registration when added more than once).
+     *
+     * @param listener the listener
+     * @return whether it was registered
+     */
+    public boolean remove(L listener) {
         return list.remove(listener);
     }
 
-    void clear() {
+    /** Removes every listener. */
+    public void clear() {
         list.clear();
     }
 

@@ -17,27 +17,31 @@ public final class PanelProxy {
         default void autoReset() {}
     }
 
-    private static final Listeners<Listener> LISTENERS = new Listeners<>();
-
-    private PanelProxy() {}
+    /**
+     * The listeners of these events: {@link #addListener} (one added twice is called twice),
+     * {@link #removeListener} (whether it was registered) and {@link #removeAllListeners} act on it.
+     */
+    public static final Listeners<Listener> listeners = new Listeners<>();
 
     public static void addListener(Listener listener) {
-        LISTENERS.add(listener);
+        listeners.add(listener);
     }
 
     public static boolean removeListener(Listener listener) {
-        return LISTENERS.remove(listener);
+        return listeners.remove(listener);
     }
 
     public static void removeAllListeners() {
-        LISTENERS.clear();
+        listeners.clear();
     }
 
+    private PanelProxy() {}
+
     public static void fireApplStartEvent(long id) {
-        LISTENERS.each(l -> l.applStart(id));
+        listeners.each(l -> l.applStart(id));
     }
 
     public static void fireAutoResetEvent() {
-        LISTENERS.each(Listener::autoReset);
+        listeners.each(Listener::autoReset);
     }
 }

@@ -27,38 +27,42 @@ public class SynchronousEventProxy {
         default void residentAppsStateChanged(int state) {}
     }
 
-    private static final Listeners<Listener> LISTENERS = new Listeners<>();
-
-    protected SynchronousEventProxy() {}
+    /**
+     * The listeners of these events: {@link #addListener} (one added twice is called twice),
+     * {@link #removeListener} (whether it was registered) and {@link #removeAllListeners} act on it.
+     */
+    public static final Listeners<Listener> listeners = new Listeners<>();
 
     public static void addListener(Listener listener) {
-        LISTENERS.add(listener);
+        listeners.add(listener);
     }
 
     public static boolean removeListener(Listener listener) {
-        return LISTENERS.remove(listener);
+        return listeners.remove(listener);
     }
 
     public static void removeAllListeners() {
-        LISTENERS.clear();
+        listeners.clear();
     }
 
+    protected SynchronousEventProxy() {}
+
     public static void fireSystemRestartEvent(int type) {
-        LISTENERS.each(l -> l.systemRestart(type));
+        listeners.each(l -> l.systemRestart(type));
     }
 
     public static void fireNetworkRestartEvent(int type) {
-        LISTENERS.each(l -> l.networkRestart(type));
+        listeners.each(l -> l.networkRestart(type));
     }
 
     /** True when no listener refuses; with no listener at all nobody refuses. Every listener is asked. */
     public static boolean firePrepareActivationEvent(int scenario, long value) {
         boolean[] ready = {true};
-        LISTENERS.each(l -> ready[0] &= l.prepareActivation(scenario, value));
+        listeners.each(l -> ready[0] &= l.prepareActivation(scenario, value));
         return ready[0];
     }
 
     public static void fireResidentAppsStateChanged(int state) {
-        LISTENERS.each(l -> l.residentAppsStateChanged(state));
+        listeners.each(l -> l.residentAppsStateChanged(state));
     }
 }
