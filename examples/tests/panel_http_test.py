@@ -196,6 +196,12 @@ def bad_input(check, d):
     status, _, _ = request(d.port, "GET", "/api/state?since=abc&trace=" + "x" * 500, headers={"X-Panel-Token": d.token})
     check(status == 200, "a broken state query is read with defaults")
     d.act(action="logout")
+    for params, done in [({"action": "cover", "open": "1"}, "cover opened"), ({"action": "cover", "open": "0"}, "cover closed"),
+                         ({"action": "sleep", "on": "1"}, "device asleep"), ({"action": "sleep", "on": "0"}, "device awake"),
+                         ({"action": "cover", "open": "2"}, "open must be a number from 0 to 1"),
+                         ({"action": "sleep", "on": "x"}, "on must be a number from 0 to 1")]:
+        status, r = d.act(**params)
+        check(r.get("message", r.get("error")) == done and status == (200 if r["ok"] else 400), f"{params} -> \"{done}\"")
 
 
 def machine_values(check, d):
@@ -250,7 +256,11 @@ def record_and_play(check, d, a):
              (dict(action="fail", op="esv_zel_job_kick", code="0x04010005"), None),
              (dict(action="scan", pages=1), seen("JobFailed", "start result 5")),
              (dict(action="login", user="bob", pw="wrong"), None),
-             (dict(action="key", key="reset"), lambda s: s["app"]["user"] == "")]
+             (dict(action="key", key="reset"), lambda s: s["app"]["user"] == ""),
+             (dict(action="cover", open=1), None),
+             (dict(action="cover", open=0), None),
+             (dict(action="sleep", on=1), None),
+             (dict(action="sleep", on=0), None)]
     for step, effect in steps:
         mark[0] = max([e["seq"] for e in d.state()["events"]] or [0])
         status, r = d.act(**step)
@@ -265,7 +275,8 @@ def record_and_play(check, d, a):
                  "expect event JobState COMPLETE alice", "expect event SendHistory dana@example.org OK",
                  "toner low", "plug usb 1", "show box /Sales", "expect event BoxListing /Sales 2 entries",
                  "fail next esv_zel_job_kick with 0x04010005", "scan to email", "expect event JobFailed start result 5",
-                 "login bob wrong", "expect event LoginFailed bob", "press key reset", "expect event Logout alice"]:
+                 "login bob wrong", "expect event LoginFailed bob", "press key reset", "expect event Logout alice",
+                 "open cover", "close cover", "sleep", "wake"]:
         check(line in text, f"the file has \"{line}\"")
     play = subprocess.run([a.java, "-Xcheck:jni", f"-Djava.library.path={a.libs}", "-cp", a.classpath,
                            "tarnwick.examples.demo.DeviceDemo", "--scenario", r["file"], "--pace", "20",

@@ -161,49 +161,26 @@ esv_zel_dept_facade::esv_zel_dept_facade() {}
 
 TOVR_SIM_FACADE_INSTANCE(dept)
 
-long esv_zel_dept_facade::esv_zel_dept_get_limit_action_mode(ESV_ZEL_DEPT_LIMIT_ACTION& mode) {
-    TOVR_SIM_RECORD(long, mode);
-    mode = static_cast<ESV_ZEL_DEPT_LIMIT_ACTION>(read_setting(depts().limit_action));
-    return ESV_ZEL_DEPT_OK;
-}
+// The four settings' members are alike: the getter reads the setting, the setter checks the value
+// against the enumerators 0 .. LAST; each records the call under its own name.
+#define TOVR_SIM_DEPT_SETTING(NAME, TYPE, FIELD, LAST)                                            \
+    long esv_zel_dept_facade::esv_zel_dept_get_##NAME(TYPE& mode) {                               \
+        TOVR_SIM_RECORD(long, mode);                                                              \
+        mode = static_cast<TYPE>(read_setting(depts().FIELD));                                    \
+        return ESV_ZEL_DEPT_OK;                                                                   \
+    }                                                                                             \
+    long esv_zel_dept_facade::esv_zel_dept_set_##NAME(TYPE mode) {                                \
+        TOVR_SIM_RECORD(long, mode);                                                              \
+        return set_setting(depts().FIELD, mode, LAST);                                            \
+    }
 
-long esv_zel_dept_facade::esv_zel_dept_set_limit_action_mode(ESV_ZEL_DEPT_LIMIT_ACTION mode) {
-    TOVR_SIM_RECORD(long, mode);
-    return set_setting(depts().limit_action, mode, ESV_ZEL_DEPT_LIMIT_ACTION_WARN_ONLY);
-}
+TOVR_SIM_DEPT_SETTING(limit_action_mode, ESV_ZEL_DEPT_LIMIT_ACTION, limit_action, ESV_ZEL_DEPT_LIMIT_ACTION_WARN_ONLY)
+TOVR_SIM_DEPT_SETTING(invalid_dept_mode, ESV_ZEL_DEPT_INVALID_DEPT_MODE, invalid_mode,
+                      ESV_ZEL_DEPT_INVALID_DEPT_MODE_PERMIT)
+TOVR_SIM_DEPT_SETTING(mix_mode, ESV_ZEL_DEPT_MIX_MODE, mix_mode, ESV_ZEL_DEPT_MIX_MODE_MIXED)
+TOVR_SIM_DEPT_SETTING(dept_mode, ESV_ZEL_DEPT_DEPT_MODE, dept_mode, ESV_ZEL_DEPT_DEPT_MODE_ON)
 
-long esv_zel_dept_facade::esv_zel_dept_get_invalid_dept_mode(ESV_ZEL_DEPT_INVALID_DEPT_MODE& mode) {
-    TOVR_SIM_RECORD(long, mode);
-    mode = static_cast<ESV_ZEL_DEPT_INVALID_DEPT_MODE>(read_setting(depts().invalid_mode));
-    return ESV_ZEL_DEPT_OK;
-}
-
-long esv_zel_dept_facade::esv_zel_dept_set_invalid_dept_mode(ESV_ZEL_DEPT_INVALID_DEPT_MODE mode) {
-    TOVR_SIM_RECORD(long, mode);
-    return set_setting(depts().invalid_mode, mode, ESV_ZEL_DEPT_INVALID_DEPT_MODE_PERMIT);
-}
-
-long esv_zel_dept_facade::esv_zel_dept_get_mix_mode(ESV_ZEL_DEPT_MIX_MODE& mode) {
-    TOVR_SIM_RECORD(long, mode);
-    mode = static_cast<ESV_ZEL_DEPT_MIX_MODE>(read_setting(depts().mix_mode));
-    return ESV_ZEL_DEPT_OK;
-}
-
-long esv_zel_dept_facade::esv_zel_dept_set_mix_mode(ESV_ZEL_DEPT_MIX_MODE mode) {
-    TOVR_SIM_RECORD(long, mode);
-    return set_setting(depts().mix_mode, mode, ESV_ZEL_DEPT_MIX_MODE_MIXED);
-}
-
-long esv_zel_dept_facade::esv_zel_dept_get_dept_mode(ESV_ZEL_DEPT_DEPT_MODE& mode) {
-    TOVR_SIM_RECORD(long, mode);
-    mode = static_cast<ESV_ZEL_DEPT_DEPT_MODE>(read_setting(depts().dept_mode));
-    return ESV_ZEL_DEPT_OK;
-}
-
-long esv_zel_dept_facade::esv_zel_dept_set_dept_mode(ESV_ZEL_DEPT_DEPT_MODE mode) {
-    TOVR_SIM_RECORD(long, mode);
-    return set_setting(depts().dept_mode, mode, ESV_ZEL_DEPT_DEPT_MODE_ON);
-}
+#undef TOVR_SIM_DEPT_SETTING
 
 long esv_zel_dept_facade::esv_zel_dept_add_hide_dept(const ESV_ZEL_DEPT_DEPTINFO& info) {
     TOVR_SIM_RECORD(long, info);

@@ -323,6 +323,19 @@ public final class PanelServer {
         if (!why.isEmpty()) throw new Bad(why);
     }
 
+    /**
+     * An action that turns something of the device on or off: the 0-or-1 parameter {@code name}
+     * says which, {@code set} does it (an empty answer when it could), the step and the answer
+     * are the texts of the side taken.
+     */
+    private String onOff(Map<String, String> p, String name, Function<Boolean, String> set, String stepOn,
+                         String stepOff, String doneOn, String doneOff) throws Bad {
+        boolean on = number(p, name, 0, 1) == 1;
+        check(set.apply(on));
+        recorder.step(on ? stepOn : stepOff);
+        return on ? doneOn : doneOff;
+    }
+
     private void action(HttpExchange x) throws IOException {
         String raw = body(x);
         Map<String, Object> r = new LinkedHashMap<>();
@@ -394,12 +407,8 @@ public final class PanelServer {
                 recorder.step((plug ? "plug" : "unplug") + " usb " + drive);
                 return "USB memory " + drive + (plug ? " plugged in" : " pulled out");
             }
-            case "cover": {
-                boolean open = number(p, "open", 0, 1) == 1;
-                check(device.cover(open));
-                recorder.step(open ? "open cover" : "close cover");
-                return open ? "cover opened" : "cover closed";
-            }
+            case "cover":
+                return onOff(p, "open", device::cover, "open cover", "close cover", "cover opened", "cover closed");
             case "toner": {
                 String level = need(p, "level", 10);
                 int n = List.of("ok", "low", "empty").indexOf(level);
@@ -414,12 +423,8 @@ public final class PanelServer {
                 recorder.step("paper tray " + tray + " level " + level);
                 return "tray " + tray + " at " + level + "%";
             }
-            case "sleep": {
-                boolean on = number(p, "on", 0, 1) == 1;
-                check(device.sleep(on));
-                recorder.step(on ? "sleep" : "wake");
-                return on ? "device asleep" : "device awake";
-            }
+            case "sleep":
+                return onOff(p, "on", device::sleep, "sleep", "wake", "device asleep", "device awake");
             case "fail": {
                 String op = need(p, "op", 80);
                 long code = code(p, "code");
