@@ -1,10 +1,11 @@
 # Generates one Java module's wrapper source and Java classes with SWIG.
-# The rule belongs to the one target that compiles the wrapper source. SWIG writes a dependency
-# file (-MMD -MF) listing the interface pieces and headers it read, so a header change reruns
-# exactly the modules that include it. A jar made from the Java classes follows the classes
-# themselves (its own dependency file, see javac-jar.sh) and is ordered after that target:
-# listing the generated files in a second target would run the rule twice in parallel under the
-# Makefile generator, one run deleting the folder the other compiles.
+# SWIG writes a dependency file (-MMD -MF) listing the interface pieces and headers it read, so a
+# header change reruns exactly the modules that include it. The rule is run by one target (the
+# library's tovr_wrappers, or the one library that compiles the source); every other target that
+# lists the source or reads the classes is ordered after that one: two independent targets
+# listing the generated files would run the rule twice at once under the Makefile generator, one
+# run deleting the folder the other compiles. A jar made from the Java classes follows the
+# classes themselves (its own dependency file, see javac-jar.sh).
 # -doxygen carries the /** */ comments of the headers and interface files into the Java classes
 # (the API reference); the generated code is the same with or without it.
 # The interface file's first line reads "// package <java.package>"; the module class is the

@@ -97,11 +97,14 @@ find "$root/platform/sim" -name '*.java' -exec cp {} "$work/src/tovrsim/tarnwick
 
 # ---- the API reference ----
 step "writing the API reference (javadoc)"
+# javadoc and jar run for seconds: the quick compiler alone and one collector thread do their
+# work with less CPU time than the VM's defaults (as in cmake/javac-jar.sh).
+quick_vm=(-J-XX:TieredStopAtLevel=1 -J-XX:+UseSerialGC)
 javadoc_run() {  # artifact title classpath [options...]
   local artifact=$1 title=$2 classpath=$3
   shift 3
   (cd "$work/src/$artifact" && find . -name '*.java' | sort >"$work/$artifact.files")
-  if ! (cd "$work/src/$artifact" && "$jdk/bin/javadoc" -quiet -notimestamp -encoding UTF-8 -docencoding UTF-8 \
+  if ! (cd "$work/src/$artifact" && "$jdk/bin/javadoc" "${quick_vm[@]}" -quiet -notimestamp -encoding UTF-8 -docencoding UTF-8 \
         -charset UTF-8 -d "$out/docs/api/$artifact" -classpath "$classpath" -windowtitle "$title" \
         -doctitle "$title $version" -Xdoclint:all,-missing "$@" @"$work/$artifact.files") \
         >"$work/$artifact.javadoc.log" 2>&1; then
@@ -151,8 +154,8 @@ publish() {  # artifact jar name description [dependency]
   mkdir -p "$dir"
   pom "$artifact" "$3" "$4" "${5:-}" >"$dir/$base.pom"
   cp "$jar" "$dir/$base.jar"
-  "$jdk/bin/jar" cf "$dir/$base-sources.jar" -C "$work/src/$artifact" .
-  "$jdk/bin/jar" cf "$dir/$base-javadoc.jar" -C "$out/docs/api/$artifact" .
+  "$jdk/bin/jar" "${quick_vm[@]}" cf "$dir/$base-sources.jar" -C "$work/src/$artifact" .
+  "$jdk/bin/jar" "${quick_vm[@]}" cf "$dir/$base-javadoc.jar" -C "$out/docs/api/$artifact" .
   for f in "$dir"/*; do
     sha1sum "$f" | cut -d' ' -f1 >"$f.sha1"
     md5sum "$f" | cut -d' ' -f1 >"$f.md5"

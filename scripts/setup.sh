@@ -2,7 +2,7 @@
 # Installs what a fresh Debian machine lacks for building and testing the library.
 set -euo pipefail
 packages=(
-  cmake make g++ binutils swig openjdk-17-jdk-headless junit5 googletest libbenchmark-dev
+  cmake ninja-build ccache make g++ binutils swig openjdk-17-jdk-headless junit5 googletest libbenchmark-dev
   g++-powerpc-linux-gnu libc6-dev-powerpc-cross qemu-user clang libclang-rt-14-dev
   chromium python3
 )

@@ -12,7 +12,7 @@ out=${TOVR_BUILD_DIR:-$root/build}/host
 notifications=${1:-5000000}
 seconds=${2:-120}
 if [ ! -f "$out/CMakeCache.txt" ]; then
-  cmake -S "$root" -B "$out" -DTOVR_BUILD_FUZZ=OFF -DTOVR_BUILD_BENCH=OFF >/dev/null || exit 1
+  cmake -S "$root" -B "$out" -G Ninja -DTOVR_BUILD_FUZZ=OFF -DTOVR_BUILD_BENCH=OFF >/dev/null || exit 1
 fi
 cmake --build "$out" -j "${TOVR_JOBS:-2}" >/dev/null || exit 1
 status=0

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Writes a module's signature list (tests/exports/<ModuleJNI>.sig) from a short description of
+"""Writes a module's signature list (exports/<ModuleJNI>.sig) from a short description of
 what the module exposes, in the C++ types of the native side, applying the wrapper layer's
 naming and conversion rules. The description is written from the module's tables, not from
 generated code, so the check compares the two.
 
-usage: sig-gen.py DESCRIPTION > tests/exports/<ModuleJNI>.sig
+usage: sig-gen.py DESCRIPTION > exports/<ModuleJNI>.sig
 
 Description, one item a line ('#' comments):
   class NAME                    a class: constructors and methods follow, indented

@@ -1,6 +1,6 @@
 # tarnwick.zel.wrapper.event.ZELFNDEventJNI: the event manager, the panel proxy, two card-reader
 # Java declarations of the natives (parameter names dropped); made with
-# tests/tools/sig-gen.py tests/exports/api/ZELFNDEventJNI.api
+# tests/tools/sig-gen.py exports/api/ZELFNDEventJNI.api
 long new_zel_fnd_event_manager()
 void delete_zel_fnd_event_manager(long)
 boolean zel_fnd_event_manager_init(long, zel_fnd_event_manager)

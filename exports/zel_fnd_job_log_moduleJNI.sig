@@ -1,6 +1,6 @@
 # tarnwick.zel.wrapper.job.log.zel_fnd_job_log_moduleJNI: the job log proxy, the log entry, its
 # Java declarations of the natives (parameter names dropped); made with
-# tests/tools/sig-gen.py tests/exports/api/zel_fnd_job_log_moduleJNI.api
+# tests/tools/sig-gen.py exports/api/zel_fnd_job_log_moduleJNI.api
 long new_ESV_ZEL_JOBINFO_JOBLOG()
 void delete_ESV_ZEL_JOBINFO_JOBLOG(long)
 void ESV_ZEL_JOBINFO_JOBLOG_receipt_id_set(long, ESV_ZEL_JOBINFO_JOBLOG, long)

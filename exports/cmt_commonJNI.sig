@@ -1,6 +1,6 @@
 # tarnwick.zel.wrapper.system.cmt_commonJNI: start-up and time values (14 natives).
 # Java declarations of the natives (parameter names dropped); made with
-# tests/tools/sig-gen.py tests/exports/api/cmt_commonJNI.api
+# tests/tools/sig-gen.py exports/api/cmt_commonJNI.api
 long new_cmt_init()
 void delete_cmt_init(long)
 int cmt_init_init()

@@ -1,6 +1,6 @@
 # tarnwick.zel.wrapper.job.zel_fnd_job_moduleJNI: the job proxy, its records, the id list type
 # Java declarations of the natives (parameter names dropped); made with
-# tests/tools/sig-gen.py tests/exports/api/zel_fnd_job_moduleJNI.api
+# tests/tools/sig-gen.py exports/api/zel_fnd_job_moduleJNI.api
 long new_ESV_ZEL_JOB_STATE()
 void delete_ESV_ZEL_JOB_STATE(long)
 void ESV_ZEL_JOB_STATE_state_set(long, ESV_ZEL_JOB_STATE, int)

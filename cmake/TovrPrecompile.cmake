@@ -1,0 +1,21 @@
+# tovr_precompile_headers(<target> <header>...)
+# The target's sources are compiled with the given (system) headers precompiled and included
+# first. A source that defines a macro before its first #include (_FILE_OFFSET_BITS, a trace
+# module name ...) is compiled without them: the headers would be read before its definition.
+function(tovr_precompile_headers target)
+  target_precompile_headers(${target} PRIVATE ${ARGN})
+  get_target_property(sources ${target} SOURCES)
+  get_target_property(source_dir ${target} SOURCE_DIR)
+  foreach(source ${sources})
+    if(NOT IS_ABSOLUTE ${source})
+      set(source ${source_dir}/${source})
+    endif()
+    if(NOT source MATCHES "\\.(c|cc|cpp|cxx)$" OR NOT EXISTS ${source})
+      continue()
+    endif()
+    file(STRINGS ${source} directives REGEX "^[ \t]*#[ \t]*(define|include)[ \t]" LIMIT_COUNT 1)
+    if(directives MATCHES "^[ \t]*#[ \t]*define")
+      set_source_files_properties(${source} TARGET_DIRECTORY ${target} PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
+    endif()
+  endforeach()
+endfunction()
