@@ -3,6 +3,7 @@ package tarnwick.tests.address;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertNotEquals;
+import static org.junit.jupiter.api.Assertions.assertNotNull;
 import static org.junit.jupiter.api.Assertions.assertNull;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 
@@ -12,6 +13,7 @@ import java.lang.reflect.Modifier;
 import java.nio.file.Files;
 import java.nio.file.Path;
 import java.util.ArrayList;
+import java.util.Arrays;
 import java.util.List;
 import org.junit.jupiter.api.Test;
 import org.junit.jupiter.api.extension.RegisterExtension;
@@ -28,8 +30,14 @@ class AddressClassesTest {
     @RegisterExtension
     static final SimDeviceExtension device = new SimDeviceExtension();
 
+    // A field the library sets by name: declared in the class or, as GetFieldID finds it, in a
+    // superclass (FTP and SMB share theirs).
     private static void field(Class<?> c, String name, Class<?> type) throws Exception {
-        Field f = c.getDeclaredField(name);
+        Field f = null;
+        for (Class<?> k = c; f == null && k != null; k = k.getSuperclass()) {
+            f = Arrays.stream(k.getDeclaredFields()).filter(d -> d.getName().equals(name)).findFirst().orElse(null);
+        }
+        assertNotNull(f, c.getName() + "." + name);
         assertEquals(type, f.getType(), c.getName() + "." + name);
         assertFalse(Modifier.isStatic(f.getModifiers()));
         assertFalse(Modifier.isFinal(f.getModifiers()));

@@ -6,8 +6,6 @@ package tarnwick.zel.address.attribute;
  * <p>Made by the address book's search (fields filled by the library); applications read it.
  */
 public class EmailInfoImpl extends AddressPart {
-    private static final String[] NAMES = {"mailAddress"};
-
     private String mailAddress;
 
     /** An empty object; the library fills its fields. */
@@ -22,12 +20,7 @@ public class EmailInfoImpl extends AddressPart {
     }
 
     @Override
-    String[] names() {
-        return NAMES;
-    }
-
-    @Override
-    Object[] values() {
-        return new Object[] {mailAddress};
+    Object[] fields() {
+        return new Object[] {"mailAddress", mailAddress};
     }
 }

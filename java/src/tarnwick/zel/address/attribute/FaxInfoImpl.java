@@ -6,8 +6,6 @@ package tarnwick.zel.address.attribute;
  * <p>Made by the address book's search (fields filled by the library); applications read it.
  */
 public class FaxInfoImpl extends AddressPart {
-    private static final String[] NAMES = {"faxNum", "bitrateType", "ecm", "faxAddress", "encode", "encodeID", "encodeBox", "encodeBoxNum", "name", "department", "company", "honorificTitleType"};
-
     private String faxNum;
     private byte bitrateType;
     private byte ecm;
@@ -88,12 +86,7 @@ public class FaxInfoImpl extends AddressPart {
     }
 
     @Override
-    String[] names() {
-        return NAMES;
-    }
-
-    @Override
-    Object[] values() {
-        return new Object[] {faxNum, bitrateType, ecm, faxAddress, encode, encodeID, encodeBox, encodeBoxNum, name, department, company, honorificTitleType};
+    Object[] fields() {
+        return new Object[] {"faxNum", faxNum, "bitrateType", bitrateType, "ecm", ecm, "faxAddress", faxAddress, "encode", encode, "encodeID", encodeID, "encodeBox", encodeBox, "encodeBoxNum", encodeBoxNum, "name", name, "department", department, "company", company, "honorificTitleType", honorificTitleType};
     }
 }

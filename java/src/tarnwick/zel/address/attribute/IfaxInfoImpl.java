@@ -6,8 +6,6 @@ package tarnwick.zel.address.attribute;
  * <p>Made by the address book's search (fields filled by the library); applications read it.
  */
 public class IfaxInfoImpl extends AddressPart {
-    private static final String[] NAMES = {"ifaxAddress", "modeType", "sizeType", "resolutionType", "fileType"};
-
     private String ifaxAddress;
     private byte modeType;
     private byte sizeType;
@@ -46,12 +44,7 @@ public class IfaxInfoImpl extends AddressPart {
     }
 
     @Override
-    String[] names() {
-        return NAMES;
-    }
-
-    @Override
-    Object[] values() {
-        return new Object[] {ifaxAddress, modeType, sizeType, resolutionType, fileType};
+    Object[] fields() {
+        return new Object[] {"ifaxAddress", ifaxAddress, "modeType", modeType, "sizeType", sizeType, "resolutionType", resolutionType, "fileType", fileType};
     }
 }

@@ -6,8 +6,6 @@ package tarnwick.zel.address.attribute;
  * <p>Made by the address book's search (fields filled by the library); applications read it.
  */
 public class NameInfoImpl extends AddressPart {
-    private static final String[] NAMES = {"name", "pronunciation"};
-
     private String name;
     private String pronunciation;
 
@@ -28,12 +26,7 @@ public class NameInfoImpl extends AddressPart {
     }
 
     @Override
-    String[] names() {
-        return NAMES;
-    }
-
-    @Override
-    Object[] values() {
-        return new Object[] {name, pronunciation};
+    Object[] fields() {
+        return new Object[] {"name", name, "pronunciation", pronunciation};
     }
 }

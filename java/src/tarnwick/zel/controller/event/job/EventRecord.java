@@ -5,19 +5,19 @@ package tarnwick.zel.controller.event.job;
  * fields in their order. The library fills a record through its public setters.
  */
 abstract class EventRecord {
-    /** The names of the record's fields, in their order. */
-    abstract String[] names();
-
-    /** The values of the record's fields, in the order of {@link #names()}. */
-    abstract Object[] values();
+    /**
+     * The record's fields in their order, each as its name followed by its value
+     * ({@code {"userJobId", getUserJobId(), "receiptId", receiptId}}): one list, so that a name
+     * cannot drift away from its value.
+     */
+    abstract Object[] fields();
 
     @Override
     public String toString() {
-        String[] names = names();
-        Object[] values = values();
+        Object[] fields = fields();
         StringBuilder s = new StringBuilder(getClass().getSimpleName()).append('[');
-        for (int i = 0; i < names.length; ++i) {
-            s.append(i == 0 ? "" : ", ").append(names[i]).append('=').append(values[i]);
+        for (int i = 0; i < fields.length; i += 2) {
+            s.append(i == 0 ? "" : ", ").append(fields[i]).append('=').append(fields[i + 1]);
         }
         return s.append(']').toString();
     }

@@ -2,8 +2,6 @@ package tarnwick.zel.controller.event.job;
 
 /** An interpreter that started for a print job. */
 public class InterpreterInfo extends UserJobInfo {
-    private static final String[] NAMES = {"userJobId", "nameSetting", "interfaceInfo", "jobName"};
-
     private int nameSetting;
     private long interfaceInfo;
     private String jobName;
@@ -35,12 +33,7 @@ public class InterpreterInfo extends UserJobInfo {
     }
 
     @Override
-    String[] names() {
-        return NAMES;
-    }
-
-    @Override
-    Object[] values() {
-        return new Object[] {getUserJobId(), nameSetting, interfaceInfo, jobName};
+    Object[] fields() {
+        return new Object[] {"userJobId", getUserJobId(), "nameSetting", nameSetting, "interfaceInfo", interfaceInfo, "jobName", jobName};
     }
 }

@@ -2,8 +2,6 @@ package tarnwick.zel.controller.event.job;
 
 /** A job as the job service reports it when its state changes. */
 public class Job extends EventRecord {
-    private static final String[] NAMES = {"jobid", "state", "jobMode", "userName", "indev", "outdev"};
-
     private int jobid;
     private JobState state;
     private int jobMode;
@@ -62,12 +60,7 @@ public class Job extends EventRecord {
     }
 
     @Override
-    String[] names() {
-        return NAMES;
-    }
-
-    @Override
-    Object[] values() {
-        return new Object[] {jobid, state, jobMode, userName, indev, outdev};
+    Object[] fields() {
+        return new Object[] {"jobid", jobid, "state", state, "jobMode", jobMode, "userName", userName, "indev", indev, "outdev", outdev};
     }
 }

@@ -2,8 +2,6 @@ package tarnwick.zel.controller.event.job;
 
 /** A job-log entry that was written. */
 public class JobLogInfo extends UserJobInfo {
-    private static final String[] NAMES = {"userJobId", "receiptId"};
-
     private long receiptId;
 
     public JobLogInfo() {}
@@ -17,12 +15,7 @@ public class JobLogInfo extends UserJobInfo {
     }
 
     @Override
-    String[] names() {
-        return NAMES;
-    }
-
-    @Override
-    Object[] values() {
-        return new Object[] {getUserJobId(), receiptId};
+    Object[] fields() {
+        return new Object[] {"userJobId", getUserJobId(), "receiptId", receiptId};
     }
 }

@@ -2,8 +2,6 @@ package tarnwick.zel.controller.event.job;
 
 /** A printed page. */
 public class PrintPageInfo extends PaperPageInfo {
-    private static final String[] NAMES = {"userJobId", "pageNum", "outputDev", "inputDev", "customX", "customY", "paperSize", "paperType", "paperDir", "paperWeight", "duplex", "staple", "punch", "colorMode"};
-
     private int outputDev;
     private int inputDev;
     private int paperType;
@@ -62,12 +60,7 @@ public class PrintPageInfo extends PaperPageInfo {
     }
 
     @Override
-    String[] names() {
-        return NAMES;
-    }
-
-    @Override
-    Object[] values() {
-        return new Object[] {getUserJobId(), getPageNum(), outputDev, inputDev, getCustomX(), getCustomY(), getPaperSize(), paperType, getPaperDir(), paperWeight, getDuplex(), staple, punch, getColorMode()};
+    Object[] fields() {
+        return new Object[] {"userJobId", getUserJobId(), "pageNum", getPageNum(), "outputDev", outputDev, "inputDev", inputDev, "customX", getCustomX(), "customY", getCustomY(), "paperSize", getPaperSize(), "paperType", paperType, "paperDir", getPaperDir(), "paperWeight", paperWeight, "duplex", getDuplex(), "staple", staple, "punch", punch, "colorMode", getColorMode()};
     }
 }

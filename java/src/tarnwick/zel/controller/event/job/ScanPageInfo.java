@@ -2,8 +2,6 @@ package tarnwick.zel.controller.event.job;
 
 /** A scanned page. */
 public class ScanPageInfo extends PaperPageInfo {
-    private static final String[] NAMES = {"userJobId", "pageNum", "customX", "customY", "paperSize", "paperDir", "duplex", "colorMode", "resolution"};
-
     private int resolution;
 
     public ScanPageInfo() {}
@@ -17,12 +15,7 @@ public class ScanPageInfo extends PaperPageInfo {
     }
 
     @Override
-    String[] names() {
-        return NAMES;
-    }
-
-    @Override
-    Object[] values() {
-        return new Object[] {getUserJobId(), getPageNum(), getCustomX(), getCustomY(), getPaperSize(), getPaperDir(), getDuplex(), getColorMode(), resolution};
+    Object[] fields() {
+        return new Object[] {"userJobId", getUserJobId(), "pageNum", getPageNum(), "customX", getCustomX(), "customY", getCustomY(), "paperSize", getPaperSize(), "paperDir", getPaperDir(), "duplex", getDuplex(), "colorMode", getColorMode(), "resolution", resolution};
     }
 }
