@@ -30,66 +30,66 @@ jclass global(JNIEnv* env, const char* path) {
     return g;
 }
 
-struct UserIds {
-    jclass user, login, name, mail, level, list;
-    jmethodID user_init, set_attribute, login_init, name_init, mail_init, add;
-    jfieldID admin, usr;
-    explicit UserIds(JNIEnv* env) {
-        user = global(env, "tarnwick/zel/user/UserImpl");
-        login = global(env, "tarnwick/user/attribute/LoginName");
-        name = global(env, "tarnwick/user/attribute/UserName");
-        mail = global(env, "tarnwick/user/attribute/MailAddress");
-        level = global(env, "tarnwick/user/attribute/AccessLevel");
-        list = global(env, "java/util/ArrayList");
-        user_init = env->GetMethodID(user, "<init>", "()V");
-        set_attribute = env->GetMethodID(user, "setAttribute", "(Ltarnwick/user/attribute/UserAttribute;)V");
-        login_init = env->GetMethodID(login, "<init>", "(Ljava/lang/String;)V");
-        name_init = env->GetMethodID(name, "<init>", "(Ljava/lang/String;)V");
-        mail_init = env->GetMethodID(mail, "<init>", "(Ljava/lang/String;)V");
-        add = env->GetMethodID(list, "add", "(Ljava/lang/Object;)Z");
-        admin = env->GetStaticFieldID(level, "ADMIN", "Ltarnwick/user/attribute/AccessLevel;");
-        usr = env->GetStaticFieldID(level, "USER", "Ltarnwick/user/attribute/AccessLevel;");
-    }
-};
-
-struct BoxIds {
-    jclass info, file, calendar, list;
-    jmethodID info_init, file_init, get_instance, set, get_time, add;
-    jfieldID name, datasize, date, path, info_field, isfile;
-    explicit BoxIds(JNIEnv* env) {
-        info = global(env, "tarnwick/zel/box/document/RemovableMemoryFileInfoImpl");
-        file = global(env, "tarnwick/zel/box/document/RemovableMemoryFileImpl");
-        calendar = global(env, "java/util/Calendar");
-        list = global(env, "java/util/ArrayList");
-        info_init = env->GetMethodID(info, "<init>", "()V");
-        file_init = env->GetMethodID(file, "<init>", "()V");
-        get_instance = env->GetStaticMethodID(calendar, "getInstance", "()Ljava/util/Calendar;");
-        set = env->GetMethodID(calendar, "set", "(IIIIII)V");
-        get_time = env->GetMethodID(calendar, "getTime", "()Ljava/util/Date;");
-        add = env->GetMethodID(list, "add", "(Ljava/lang/Object;)Z");
-        name = env->GetFieldID(info, "name", "Ljava/lang/String;");
-        datasize = env->GetFieldID(info, "datasize", "J");
-        date = env->GetFieldID(info, "date", "Ljava/util/Date;");
-        path = env->GetFieldID(info, "path", "Ljava/lang/String;");
-        info_field = env->GetFieldID(file, "info", "Ltarnwick/zel/box/document/RemovableMemoryFileInfoImpl;");
-        isfile = env->GetFieldID(file, "isfile", "Z");
-    }
-};
-
-// One class of the address objects: its constructor and fields in order.
+// One class the floors make: its constructor and the fields they set, in order.
 struct Shape {
     jclass cls;
     jmethodID init;
     jfieldID f[12];
-    Shape(JNIEnv* env, const char* path, std::initializer_list<std::pair<const char*, const char*>> fields) {
+    Shape(JNIEnv* env, const char* path, std::initializer_list<std::pair<const char*, const char*>> fields = {},
+          const char* init_signature = "()V") {
         cls = global(env, path);
-        init = env->GetMethodID(cls, "<init>", "()V");
+        init = env->GetMethodID(cls, "<init>", init_signature);
         int i = 0;
         for (auto& p : fields) f[i++] = env->GetFieldID(cls, p.first, p.second);
     }
 };
 
+// ArrayList.add, which the user and box floors fill the caller's list with.
+struct ListAdd {
+    jclass cls;
+    jmethodID add;
+    explicit ListAdd(JNIEnv* env)
+        : cls(global(env, "java/util/ArrayList")), add(env->GetMethodID(cls, "add", "(Ljava/lang/Object;)Z")) {}
+};
+
 const char* S = "Ljava/lang/String;";
+const char* kTextInit = "(Ljava/lang/String;)V";
+
+struct UserIds {
+    Shape user, login, name, mail;
+    jmethodID set_attribute;
+    jclass level;
+    jfieldID admin, usr;
+    ListAdd list;
+    explicit UserIds(JNIEnv* env)
+        : user(env, "tarnwick/zel/user/UserImpl"),
+          login(env, "tarnwick/user/attribute/LoginName", {}, kTextInit),
+          name(env, "tarnwick/user/attribute/UserName", {}, kTextInit),
+          mail(env, "tarnwick/user/attribute/MailAddress", {}, kTextInit),
+          set_attribute(env->GetMethodID(user.cls, "setAttribute", "(Ltarnwick/user/attribute/UserAttribute;)V")),
+          level(global(env, "tarnwick/user/attribute/AccessLevel")),
+          admin(env->GetStaticFieldID(level, "ADMIN", "Ltarnwick/user/attribute/AccessLevel;")),
+          usr(env->GetStaticFieldID(level, "USER", "Ltarnwick/user/attribute/AccessLevel;")),
+          list(env) {}
+};
+
+// The box entry: its information's fields name, datasize, date, path; the file's info, isfile.
+struct BoxIds {
+    Shape info, file;
+    jclass calendar;
+    jmethodID get_instance, set, get_time;
+    ListAdd list;
+    explicit BoxIds(JNIEnv* env)
+        : info(env, "tarnwick/zel/box/document/RemovableMemoryFileInfoImpl",
+               {{"name", S}, {"datasize", "J"}, {"date", "Ljava/util/Date;"}, {"path", S}}),
+          file(env, "tarnwick/zel/box/document/RemovableMemoryFileImpl",
+               {{"info", "Ltarnwick/zel/box/document/RemovableMemoryFileInfoImpl;"}, {"isfile", "Z"}}),
+          calendar(global(env, "java/util/Calendar")),
+          get_instance(env->GetStaticMethodID(calendar, "getInstance", "()Ljava/util/Calendar;")),
+          set(env->GetMethodID(calendar, "set", "(IIIIII)V")),
+          get_time(env->GetMethodID(calendar, "getTime", "()Ljava/util/Date;")),
+          list(env) {}
+};
 
 struct AddressIds {
     Shape name, email, ftp, smb, fax, ifax, personal;
@@ -133,32 +133,33 @@ void trace(const char* module, const char* operation, const char* format, ...) {
 // One entry of each list, by the fewest JNI calls, in a frame of its own.
 void user_entry(JNIEnv* env, const UserIds& ids, jobject list, const ESV_ZEL_USERINFO_RECORD& r) {
     env->PushLocalFrame(16);
-    jobject user = env->NewObject(ids.user, ids.user_init);
-    env->CallVoidMethod(user, ids.set_attribute, env->NewObject(ids.login, ids.login_init, text(env, r.login_name)));
-    env->CallVoidMethod(user, ids.set_attribute, env->NewObject(ids.name, ids.name_init, text(env, r.user_name)));
-    env->CallVoidMethod(user, ids.set_attribute, env->NewObject(ids.mail, ids.mail_init, text(env, r.email)));
+    jobject user = env->NewObject(ids.user.cls, ids.user.init);
+    env->CallVoidMethod(user, ids.set_attribute,
+                        env->NewObject(ids.login.cls, ids.login.init, text(env, r.login_name)));
+    env->CallVoidMethod(user, ids.set_attribute, env->NewObject(ids.name.cls, ids.name.init, text(env, r.user_name)));
+    env->CallVoidMethod(user, ids.set_attribute, env->NewObject(ids.mail.cls, ids.mail.init, text(env, r.email)));
     env->CallVoidMethod(user, ids.set_attribute, env->GetStaticObjectField(ids.level, r.rights == 0 ? ids.admin : ids.usr));
-    env->CallBooleanMethod(list, ids.add, user);
+    env->CallBooleanMethod(list, ids.list.add, user);
     env->PopLocalFrame(nullptr);
 }
 
 void box_entry(JNIEnv* env, const BoxIds& ids, jobject list, const ESV_ZEL_EASY_BOX_INFO& e) {
     env->PushLocalFrame(16);
-    jobject info = env->NewObject(ids.info, ids.info_init);
-    text(env, info, ids.name, e.name);
-    env->SetLongField(info, ids.datasize, e.size);
+    jobject info = env->NewObject(ids.info.cls, ids.info.init);
+    text(env, info, ids.info.f[0], e.name);
+    env->SetLongField(info, ids.info.f[1], e.size);
     time_t t = e.date;
     struct tm local;
     emwCLBLocalTime_r(&t, &local);
     jobject cal = env->CallStaticObjectMethod(ids.calendar, ids.get_instance);
     env->CallVoidMethod(cal, ids.set, local.tm_year + 1900, local.tm_mon, local.tm_mday, local.tm_hour, local.tm_min,
                         local.tm_sec);
-    env->SetObjectField(info, ids.date, env->CallObjectMethod(cal, ids.get_time));
-    text(env, info, ids.path, e.path);
-    jobject file = env->NewObject(ids.file, ids.file_init);
-    env->SetObjectField(file, ids.info_field, info);
-    env->SetBooleanField(file, ids.isfile, e.type != ESV_ZEL_EASY_BOX_TYPE_FOLDER);
-    env->CallBooleanMethod(list, ids.add, file);
+    env->SetObjectField(info, ids.info.f[2], env->CallObjectMethod(cal, ids.get_time));
+    text(env, info, ids.info.f[3], e.path);
+    jobject file = env->NewObject(ids.file.cls, ids.file.init);
+    env->SetObjectField(file, ids.file.f[0], info);
+    env->SetBooleanField(file, ids.file.f[1], e.type != ESV_ZEL_EASY_BOX_TYPE_FOLDER);
+    env->CallBooleanMethod(list, ids.list.add, file);
     env->PopLocalFrame(nullptr);
 }
 
