@@ -91,15 +91,16 @@ struct BoxIds {
           list(env) {}
 };
 
+const std::initializer_list<std::pair<const char*, const char*>> kServerFields = {
+    {"host", S}, {"path", S}, {"port", "I"}, {"loginName", S}, {"password", S}};
+
 struct AddressIds {
     Shape name, email, ftp, smb, fax, ifax, personal;
     explicit AddressIds(JNIEnv* env)
         : name(env, "tarnwick/zel/address/attribute/NameInfoImpl", {{"name", S}, {"pronunciation", S}}),
           email(env, "tarnwick/zel/address/attribute/EmailInfoImpl", {{"mailAddress", S}}),
-          ftp(env, "tarnwick/zel/address/attribute/FtpInfoImpl",
-              {{"host", S}, {"path", S}, {"port", "I"}, {"loginName", S}, {"password", S}}),
-          smb(env, "tarnwick/zel/address/attribute/SmbInfoImpl",
-              {{"host", S}, {"path", S}, {"port", "I"}, {"loginName", S}, {"password", S}}),
+          ftp(env, "tarnwick/zel/address/attribute/FtpInfoImpl", kServerFields),
+          smb(env, "tarnwick/zel/address/attribute/SmbInfoImpl", kServerFields),
           fax(env, "tarnwick/zel/address/attribute/FaxInfoImpl",
               {{"faxNum", S}, {"bitrateType", "B"}, {"ecm", "B"}, {"faxAddress", S}, {"encode", "B"}, {"encodeID", "B"},
                {"encodeBox", "B"}, {"encodeBoxNum", "B"}, {"name", S}, {"department", S}, {"company", S},
@@ -165,6 +166,18 @@ void box_entry(JNIEnv* env, const BoxIds& ids, jobject list, const ESV_ZEL_EASY_
 
 jbyte low(std::int32_t v) { return static_cast<jbyte>(v & 0xFF); }
 
+// The FTP and SMB destinations: the same fields (host, path, port, login name, password).
+jobject server(JNIEnv* env, const Shape& s, const char* host, const char* path, jint port, const char* login,
+               const char* password) {
+    jobject o = env->NewObject(s.cls, s.init);
+    text(env, o, s.f[0], host);
+    text(env, o, s.f[1], path);
+    env->SetIntField(o, s.f[2], port);
+    text(env, o, s.f[3], login);
+    text(env, o, s.f[4], password);
+    return o;
+}
+
 void address_entry(JNIEnv* env, const AddressIds& ids, jobjectArray array, jint i, const ESV_ZEL_PERSONAL_ADDRESS& r) {
     env->PushLocalFrame(32);
     jobject name = env->NewObject(ids.name.cls, ids.name.init);
@@ -172,18 +185,11 @@ void address_entry(JNIEnv* env, const AddressIds& ids, jobjectArray array, jint 
     text(env, name, ids.name.f[1], r.name_info.furigana);
     jobject email = env->NewObject(ids.email.cls, ids.email.init);
     text(env, email, ids.email.f[0], r.email_info.mail_address);
-    jobject ftp = env->NewObject(ids.ftp.cls, ids.ftp.init);
-    text(env, ftp, ids.ftp.f[0], r.ftp_info.ftp_host);
-    text(env, ftp, ids.ftp.f[1], r.ftp_info.ftp_path);
-    env->SetIntField(ftp, ids.ftp.f[2], r.ftp_info.ftp_port);
-    text(env, ftp, ids.ftp.f[3], r.ftp_info.ftp_login);
-    text(env, ftp, ids.ftp.f[4], r.ftp_info.ftp_pw);
-    jobject smb = env->NewObject(ids.smb.cls, ids.smb.init);
-    text(env, smb, ids.smb.f[0], r.smb_info.smb_host);
-    text(env, smb, ids.smb.f[1], r.smb_info.smb_path);
-    env->SetIntField(smb, ids.smb.f[2], r.smb_info.smb_port);
-    text(env, smb, ids.smb.f[3], r.smb_info.smb_login);
-    text(env, smb, ids.smb.f[4], r.smb_info.smb_pw);
+    const ESV_ZEL_FTP_INFO& ftp = r.ftp_info;
+    const ESV_ZEL_SMB_INFO& smb = r.smb_info;
+    jobject servers[2] = {
+        server(env, ids.ftp, ftp.ftp_host, ftp.ftp_path, ftp.ftp_port, ftp.ftp_login, ftp.ftp_pw),
+        server(env, ids.smb, smb.smb_host, smb.smb_path, smb.smb_port, smb.smb_login, smb.smb_pw)};
     const ESV_ZEL_FAX_INFO& f = r.fax_info;
     jobject fax = env->NewObject(ids.fax.cls, ids.fax.init);
     text(env, fax, ids.fax.f[0], f.fax_no);
@@ -206,7 +212,7 @@ void address_entry(JNIEnv* env, const AddressIds& ids, jobjectArray array, jint 
     env->SetByteField(ifax, ids.ifax.f[3], low(x.resolution));
     env->SetByteField(ifax, ids.ifax.f[4], low(x.file_type));
     jobject p = env->NewObject(ids.personal.cls, ids.personal.init);
-    jobject subs[6] = {name, email, ftp, smb, fax, ifax};
+    jobject subs[6] = {name, email, servers[0], servers[1], fax, ifax};
     for (int k = 0; k < 6; ++k) env->SetObjectField(p, ids.personal.f[k], subs[k]);
     env->SetObjectArrayElement(array, i, p);
     env->PopLocalFrame(nullptr);
