@@ -30,76 +30,77 @@ jclass global(JNIEnv* env, const char* path) {
     return g;
 }
 
-struct UserIds {
-    jclass user, login, name, mail, level, list;
-    jmethodID user_init, set_attribute, login_init, name_init, mail_init, add;
-    jfieldID admin, usr;
-    explicit UserIds(JNIEnv* env) {
-        user = global(env, "tarnwick/zel/user/UserImpl");
-        login = global(env, "tarnwick/user/attribute/LoginName");
-        name = global(env, "tarnwick/user/attribute/UserName");
-        mail = global(env, "tarnwick/user/attribute/MailAddress");
-        level = global(env, "tarnwick/user/attribute/AccessLevel");
-        list = global(env, "java/util/ArrayList");
-        user_init = env->GetMethodID(user, "<init>", "()V");
-        set_attribute = env->GetMethodID(user, "setAttribute", "(Ltarnwick/user/attribute/UserAttribute;)V");
-        login_init = env->GetMethodID(login, "<init>", "(Ljava/lang/String;)V");
-        name_init = env->GetMethodID(name, "<init>", "(Ljava/lang/String;)V");
-        mail_init = env->GetMethodID(mail, "<init>", "(Ljava/lang/String;)V");
-        add = env->GetMethodID(list, "add", "(Ljava/lang/Object;)Z");
-        admin = env->GetStaticFieldID(level, "ADMIN", "Ltarnwick/user/attribute/AccessLevel;");
-        usr = env->GetStaticFieldID(level, "USER", "Ltarnwick/user/attribute/AccessLevel;");
-    }
-};
-
-struct BoxIds {
-    jclass info, file, calendar, list;
-    jmethodID info_init, file_init, get_instance, set, get_time, add;
-    jfieldID name, datasize, date, path, info_field, isfile;
-    explicit BoxIds(JNIEnv* env) {
-        info = global(env, "tarnwick/zel/box/document/RemovableMemoryFileInfoImpl");
-        file = global(env, "tarnwick/zel/box/document/RemovableMemoryFileImpl");
-        calendar = global(env, "java/util/Calendar");
-        list = global(env, "java/util/ArrayList");
-        info_init = env->GetMethodID(info, "<init>", "()V");
-        file_init = env->GetMethodID(file, "<init>", "()V");
-        get_instance = env->GetStaticMethodID(calendar, "getInstance", "()Ljava/util/Calendar;");
-        set = env->GetMethodID(calendar, "set", "(IIIIII)V");
-        get_time = env->GetMethodID(calendar, "getTime", "()Ljava/util/Date;");
-        add = env->GetMethodID(list, "add", "(Ljava/lang/Object;)Z");
-        name = env->GetFieldID(info, "name", "Ljava/lang/String;");
-        datasize = env->GetFieldID(info, "datasize", "J");
-        date = env->GetFieldID(info, "date", "Ljava/util/Date;");
-        path = env->GetFieldID(info, "path", "Ljava/lang/String;");
-        info_field = env->GetFieldID(file, "info", "Ltarnwick/zel/box/document/RemovableMemoryFileInfoImpl;");
-        isfile = env->GetFieldID(file, "isfile", "Z");
-    }
-};
-
-// One class of the address objects: its constructor and fields in order.
+// One class the floors make: its constructor and the fields they set, in order.
 struct Shape {
     jclass cls;
     jmethodID init;
     jfieldID f[12];
-    Shape(JNIEnv* env, const char* path, std::initializer_list<std::pair<const char*, const char*>> fields) {
+    Shape(JNIEnv* env, const char* path, std::initializer_list<std::pair<const char*, const char*>> fields = {},
+          const char* init_signature = "()V") {
         cls = global(env, path);
-        init = env->GetMethodID(cls, "<init>", "()V");
+        init = env->GetMethodID(cls, "<init>", init_signature);
         int i = 0;
         for (auto& p : fields) f[i++] = env->GetFieldID(cls, p.first, p.second);
     }
 };
 
+// ArrayList.add, which the user and box floors fill the caller's list with.
+struct ListAdd {
+    jclass cls;
+    jmethodID add;
+    explicit ListAdd(JNIEnv* env)
+        : cls(global(env, "java/util/ArrayList")), add(env->GetMethodID(cls, "add", "(Ljava/lang/Object;)Z")) {}
+};
+
 const char* S = "Ljava/lang/String;";
+const char* kTextInit = "(Ljava/lang/String;)V";
+
+struct UserIds {
+    Shape user, login, name, mail;
+    jmethodID set_attribute;
+    jclass level;
+    jfieldID admin, usr;
+    ListAdd list;
+    explicit UserIds(JNIEnv* env)
+        : user(env, "tarnwick/zel/user/UserImpl"),
+          login(env, "tarnwick/user/attribute/LoginName", {}, kTextInit),
+          name(env, "tarnwick/user/attribute/UserName", {}, kTextInit),
+          mail(env, "tarnwick/user/attribute/MailAddress", {}, kTextInit),
+          set_attribute(env->GetMethodID(user.cls, "setAttribute", "(Ltarnwick/user/attribute/UserAttribute;)V")),
+          level(global(env, "tarnwick/user/attribute/AccessLevel")),
+          admin(env->GetStaticFieldID(level, "ADMIN", "Ltarnwick/user/attribute/AccessLevel;")),
+          usr(env->GetStaticFieldID(level, "USER", "Ltarnwick/user/attribute/AccessLevel;")),
+          list(env) {}
+};
+
+// The box entry: its information's fields name, datasize, date, path; the file's info, isfile.
+struct BoxIds {
+    Shape info, file;
+    jclass calendar;
+    jmethodID get_instance, set, get_time;
+    ListAdd list;
+    explicit BoxIds(JNIEnv* env)
+        : info(env, "tarnwick/zel/box/document/RemovableMemoryFileInfoImpl",
+               {{"name", S}, {"datasize", "J"}, {"date", "Ljava/util/Date;"}, {"path", S}}),
+          file(env, "tarnwick/zel/box/document/RemovableMemoryFileImpl",
+               {{"info", "Ltarnwick/zel/box/document/RemovableMemoryFileInfoImpl;"}, {"isfile", "Z"}}),
+          calendar(global(env, "java/util/Calendar")),
+          get_instance(env->GetStaticMethodID(calendar, "getInstance", "()Ljava/util/Calendar;")),
+          set(env->GetMethodID(calendar, "set", "(IIIIII)V")),
+          get_time(env->GetMethodID(calendar, "getTime", "()Ljava/util/Date;")),
+          list(env) {}
+};
+
+const std::initializer_list<std::pair<const char*, const char*>> kServerFields = {
+    {"host", S}, {"path", S}, {"port", "I"}, {"loginName", S}, {"password", S}};
 
 struct AddressIds {
     Shape name, email, ftp, smb, fax, ifax, personal;
     explicit AddressIds(JNIEnv* env)
         : name(env, "tarnwick/zel/address/attribute/NameInfoImpl", {{"name", S}, {"pronunciation", S}}),
           email(env, "tarnwick/zel/address/attribute/EmailInfoImpl", {{"mailAddress", S}}),
-          ftp(env, "tarnwick/zel/address/attribute/FtpInfoImpl",
-              {{"host", S}, {"path", S}, {"port", "I"}, {"loginName", S}, {"password", S}}),
-          smb(env, "tarnwick/zel/address/attribute/SmbInfoImpl",
-              {{"host", S}, {"path", S}, {"port", "I"}, {"loginName", S}, {"password", S}}),
+          ftp(env, "tarnwick/zel/address/attribute/FtpInfoImpl", kServerFields),
+          smb(env, "tarnwick/zel/address/attribute/SmbInfoImpl", kServerFields),
           fax(env, "tarnwick/zel/address/attribute/FaxInfoImpl",
               {{"faxNum", S}, {"bitrateType", "B"}, {"ecm", "B"}, {"faxAddress", S}, {"encode", "B"}, {"encodeID", "B"},
                {"encodeBox", "B"}, {"encodeBoxNum", "B"}, {"name", S}, {"department", S}, {"company", S},
@@ -133,36 +134,49 @@ void trace(const char* module, const char* operation, const char* format, ...) {
 // One entry of each list, by the fewest JNI calls, in a frame of its own.
 void user_entry(JNIEnv* env, const UserIds& ids, jobject list, const ESV_ZEL_USERINFO_RECORD& r) {
     env->PushLocalFrame(16);
-    jobject user = env->NewObject(ids.user, ids.user_init);
-    env->CallVoidMethod(user, ids.set_attribute, env->NewObject(ids.login, ids.login_init, text(env, r.login_name)));
-    env->CallVoidMethod(user, ids.set_attribute, env->NewObject(ids.name, ids.name_init, text(env, r.user_name)));
-    env->CallVoidMethod(user, ids.set_attribute, env->NewObject(ids.mail, ids.mail_init, text(env, r.email)));
+    jobject user = env->NewObject(ids.user.cls, ids.user.init);
+    env->CallVoidMethod(user, ids.set_attribute,
+                        env->NewObject(ids.login.cls, ids.login.init, text(env, r.login_name)));
+    env->CallVoidMethod(user, ids.set_attribute, env->NewObject(ids.name.cls, ids.name.init, text(env, r.user_name)));
+    env->CallVoidMethod(user, ids.set_attribute, env->NewObject(ids.mail.cls, ids.mail.init, text(env, r.email)));
     env->CallVoidMethod(user, ids.set_attribute, env->GetStaticObjectField(ids.level, r.rights == 0 ? ids.admin : ids.usr));
-    env->CallBooleanMethod(list, ids.add, user);
+    env->CallBooleanMethod(list, ids.list.add, user);
     env->PopLocalFrame(nullptr);
 }
 
 void box_entry(JNIEnv* env, const BoxIds& ids, jobject list, const ESV_ZEL_EASY_BOX_INFO& e) {
     env->PushLocalFrame(16);
-    jobject info = env->NewObject(ids.info, ids.info_init);
-    text(env, info, ids.name, e.name);
-    env->SetLongField(info, ids.datasize, e.size);
+    jobject info = env->NewObject(ids.info.cls, ids.info.init);
+    text(env, info, ids.info.f[0], e.name);
+    env->SetLongField(info, ids.info.f[1], e.size);
     time_t t = e.date;
     struct tm local;
     emwCLBLocalTime_r(&t, &local);
     jobject cal = env->CallStaticObjectMethod(ids.calendar, ids.get_instance);
     env->CallVoidMethod(cal, ids.set, local.tm_year + 1900, local.tm_mon, local.tm_mday, local.tm_hour, local.tm_min,
                         local.tm_sec);
-    env->SetObjectField(info, ids.date, env->CallObjectMethod(cal, ids.get_time));
-    text(env, info, ids.path, e.path);
-    jobject file = env->NewObject(ids.file, ids.file_init);
-    env->SetObjectField(file, ids.info_field, info);
-    env->SetBooleanField(file, ids.isfile, e.type != ESV_ZEL_EASY_BOX_TYPE_FOLDER);
-    env->CallBooleanMethod(list, ids.add, file);
+    env->SetObjectField(info, ids.info.f[2], env->CallObjectMethod(cal, ids.get_time));
+    text(env, info, ids.info.f[3], e.path);
+    jobject file = env->NewObject(ids.file.cls, ids.file.init);
+    env->SetObjectField(file, ids.file.f[0], info);
+    env->SetBooleanField(file, ids.file.f[1], e.type != ESV_ZEL_EASY_BOX_TYPE_FOLDER);
+    env->CallBooleanMethod(list, ids.list.add, file);
     env->PopLocalFrame(nullptr);
 }
 
 jbyte low(std::int32_t v) { return static_cast<jbyte>(v & 0xFF); }
+
+// The FTP and SMB destinations: the same fields (host, path, port, login name, password).
+jobject server(JNIEnv* env, const Shape& s, const char* host, const char* path, jint port, const char* login,
+               const char* password) {
+    jobject o = env->NewObject(s.cls, s.init);
+    text(env, o, s.f[0], host);
+    text(env, o, s.f[1], path);
+    env->SetIntField(o, s.f[2], port);
+    text(env, o, s.f[3], login);
+    text(env, o, s.f[4], password);
+    return o;
+}
 
 void address_entry(JNIEnv* env, const AddressIds& ids, jobjectArray array, jint i, const ESV_ZEL_PERSONAL_ADDRESS& r) {
     env->PushLocalFrame(32);
@@ -171,18 +185,11 @@ void address_entry(JNIEnv* env, const AddressIds& ids, jobjectArray array, jint 
     text(env, name, ids.name.f[1], r.name_info.furigana);
     jobject email = env->NewObject(ids.email.cls, ids.email.init);
     text(env, email, ids.email.f[0], r.email_info.mail_address);
-    jobject ftp = env->NewObject(ids.ftp.cls, ids.ftp.init);
-    text(env, ftp, ids.ftp.f[0], r.ftp_info.ftp_host);
-    text(env, ftp, ids.ftp.f[1], r.ftp_info.ftp_path);
-    env->SetIntField(ftp, ids.ftp.f[2], r.ftp_info.ftp_port);
-    text(env, ftp, ids.ftp.f[3], r.ftp_info.ftp_login);
-    text(env, ftp, ids.ftp.f[4], r.ftp_info.ftp_pw);
-    jobject smb = env->NewObject(ids.smb.cls, ids.smb.init);
-    text(env, smb, ids.smb.f[0], r.smb_info.smb_host);
-    text(env, smb, ids.smb.f[1], r.smb_info.smb_path);
-    env->SetIntField(smb, ids.smb.f[2], r.smb_info.smb_port);
-    text(env, smb, ids.smb.f[3], r.smb_info.smb_login);
-    text(env, smb, ids.smb.f[4], r.smb_info.smb_pw);
+    const ESV_ZEL_FTP_INFO& ftp = r.ftp_info;
+    const ESV_ZEL_SMB_INFO& smb = r.smb_info;
+    jobject servers[2] = {
+        server(env, ids.ftp, ftp.ftp_host, ftp.ftp_path, ftp.ftp_port, ftp.ftp_login, ftp.ftp_pw),
+        server(env, ids.smb, smb.smb_host, smb.smb_path, smb.smb_port, smb.smb_login, smb.smb_pw)};
     const ESV_ZEL_FAX_INFO& f = r.fax_info;
     jobject fax = env->NewObject(ids.fax.cls, ids.fax.init);
     text(env, fax, ids.fax.f[0], f.fax_no);
@@ -205,7 +212,7 @@ void address_entry(JNIEnv* env, const AddressIds& ids, jobjectArray array, jint 
     env->SetByteField(ifax, ids.ifax.f[3], low(x.resolution));
     env->SetByteField(ifax, ids.ifax.f[4], low(x.file_type));
     jobject p = env->NewObject(ids.personal.cls, ids.personal.init);
-    jobject subs[6] = {name, email, ftp, smb, fax, ifax};
+    jobject subs[6] = {name, email, servers[0], servers[1], fax, ifax};
     for (int k = 0; k < 6; ++k) env->SetObjectField(p, ids.personal.f[k], subs[k]);
     env->SetObjectArrayElement(array, i, p);
     env->PopLocalFrame(nullptr);

@@ -74,6 +74,36 @@ class DocumentBoxTest {
         return level + " zel_fnd_document_manager[####]::" + op + "," + msg;
     }
 
+    /**
+     * The seven lines a listing of three entries traces for entry {@code count}, size and date as
+     * the device prints its long (32 bits).
+     */
+    static List<String> entryLines(int count, String name, int size, int date, String path, int type) {
+        String dashes = "-------------------------------------------";
+        assertEquals(43, dashes.length());
+        List<String> out = new ArrayList<>();
+        for (String msg : new String[] {"count=(" + count + "), total_num=(3), get_num=(1)", "name=(" + name + ")",
+                                        "size=(" + size + ")", "date=(" + date + ")", "path=(" + path + ")",
+                                        "type=(" + type + ")", dashes}) {
+            out.add(line(3, "zel_fnd_get_easy_box_list", msg));
+        }
+        return out;
+    }
+
+    /**
+     * Deletes {@code path}: the document manager answers {@code expected} and traces the entry,
+     * then {@code failure} (the result and its name) where the deletion fails.
+     */
+    private void assertDeletes(int expected, String path, String... failure) {
+        int before = traces().size();
+        assertEquals(expected, zel_fnd_document_manager_zel_fnd_delete_document(manager, null, path));
+        List<String> lines = new ArrayList<>();
+        lines.add(line(3, "zel_fnd_delete_document", "[Enter]. path=(" + path + ")"));
+        for (String f : failure) lines.add(line(0, "zel_fnd_delete_document", f));
+        List<String> after = traces();
+        assertEquals(lines, after.subList(before, after.size()));
+    }
+
     @Test
     void instanceIsOneForTheProcess() {
         assertTrue(manager != 0);
@@ -112,23 +142,11 @@ class DocumentBoxTest {
         assertEquals("/scan, 1", SimDevice.calls("esv_zel_get_easy_box_info_prepare")[0].replaceAll(", \\d+, \\d+$", ""));
         assertEquals(3, SimDevice.callCount("esv_zel_get_easy_box_info"));
         assertEquals(1, SimDevice.callCount("esv_zel_get_easy_box_info_finish"));
-        String dashes = "-------------------------------------------";
-        assertEquals(43, dashes.length());
         List<String> t = traces();
         assertEquals(line(3, "zel_fnd_get_easy_box_list", "[Enter] path = [/scan]"), t.get(0));
-        assertEquals(List.of(
-            line(3, "zel_fnd_get_easy_box_list", "count=(0), total_num=(3), get_num=(1)"),
-            line(3, "zel_fnd_get_easy_box_list", "name=(a.pdf)"),
-            line(3, "zel_fnd_get_easy_box_list", "size=(1234)"),
-            line(3, "zel_fnd_get_easy_box_list", "date=(0)"),
-            line(3, "zel_fnd_get_easy_box_list", "path=(/scan/a.pdf)"),
-            line(3, "zel_fnd_get_easy_box_list", "type=(0)"),
-            line(3, "zel_fnd_get_easy_box_list", dashes)), t.subList(1, 8));
-        assertEquals(line(3, "zel_fnd_get_easy_box_list", "count=(2), total_num=(3), get_num=(1)"), t.get(15));
-        // Traced as the device prints it (its long is 32 bits), the Java field zero-extended.
-        assertEquals(line(3, "zel_fnd_get_easy_box_list", "size=(-1)"), t.get(17));
-        assertEquals(line(3, "zel_fnd_get_easy_box_list", "date=(-1)"), t.get(18));
-        assertEquals(line(3, "zel_fnd_get_easy_box_list", "type=(2)"), t.get(20));
+        assertEquals(entryLines(0, "a.pdf", 1234, 0, "/scan/a.pdf", 0), t.subList(1, 8));
+        // Size and date traced as the device prints them (its long is 32 bits), the Java field zero-extended.
+        assertEquals(entryLines(2, "c.jpg", -1, -1, "/scan/c.jpg", 2), t.subList(15, 22));
         assertEquals(22, t.size());
     }
 
@@ -270,28 +288,17 @@ class DocumentBoxTest {
     void deletion() {
         SimBox.addDocument("/q", "doc", 1, 0, 0);
         SimBox.addFolder("/q/folder");
-        assertEquals(0, zel_fnd_document_manager_zel_fnd_delete_document(manager, null, "/q/doc"));
+        assertEquals(List.of(), traces());
+        assertDeletes(0, "/q/doc");
         assertFalse(SimBox.exists("/q/doc"));
-        assertEquals(8, zel_fnd_document_manager_zel_fnd_delete_document(manager, null, "/q/doc"));
-        assertEquals(1, zel_fnd_document_manager_zel_fnd_delete_document(manager, null, "/q/folder"));
+        assertDeletes(8, "/q/doc", "result(67174923)=ESV_ZEL_COMMON_PATH_ERROR");
+        assertDeletes(1, "/q/folder", "result(67174913)=UNKNOWN");
         SimDevice.forceResult("esv_zel_delete_easy_document", 0x0401020BL, 1);
-        assertEquals(8, zel_fnd_document_manager_zel_fnd_delete_document(manager, null, "/any"));
+        assertDeletes(8, "/any", "result(67174923)=ESV_ZEL_COMMON_PATH_ERROR");
         SimDevice.forceResult("esv_zel_delete_easy_document", 5, 1);
-        assertEquals(1, zel_fnd_document_manager_zel_fnd_delete_document(manager, null, "/any"));
+        assertDeletes(1, "/any", "result(5)=UNKNOWN");
         SimDevice.forceResult("esv_zel_delete_easy_document", 0x0401020CL, 1);
-        assertEquals(1, zel_fnd_document_manager_zel_fnd_delete_document(manager, null, "/any"));
-        assertEquals(List.of(
-            line(3, "zel_fnd_delete_document", "[Enter]. path=(/q/doc)"),
-            line(3, "zel_fnd_delete_document", "[Enter]. path=(/q/doc)"),
-            line(0, "zel_fnd_delete_document", "result(67174923)=ESV_ZEL_COMMON_PATH_ERROR"),
-            line(3, "zel_fnd_delete_document", "[Enter]. path=(/q/folder)"),
-            line(0, "zel_fnd_delete_document", "result(67174913)=UNKNOWN"),
-            line(3, "zel_fnd_delete_document", "[Enter]. path=(/any)"),
-            line(0, "zel_fnd_delete_document", "result(67174923)=ESV_ZEL_COMMON_PATH_ERROR"),
-            line(3, "zel_fnd_delete_document", "[Enter]. path=(/any)"),
-            line(0, "zel_fnd_delete_document", "result(5)=UNKNOWN"),
-            line(3, "zel_fnd_delete_document", "[Enter]. path=(/any)"),
-            line(0, "zel_fnd_delete_document", "result(67174924)=UNKNOWN")), traces());
+        assertDeletes(1, "/any", "result(67174924)=UNKNOWN");
         NullPointerException e = assertThrows(NullPointerException.class,
             () -> zel_fnd_document_manager_zel_fnd_delete_document(manager, null, null));
         assertEquals("null std::string", e.getMessage());
