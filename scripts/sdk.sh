@@ -60,7 +60,8 @@ done
 
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-rm -rf "$out/repository" "$out/lib" "$out/docs" "$out/README.md"
+# The API reference stays where its sources are unchanged (see javadoc_run); the rest is made anew.
+rm -rf "$out/repository" "$out/lib" "$out/docs/index.html" "$out/README.md"
 mkdir -p "$out/lib" "$out/docs/api"
 
 # ---- sources: the generated module classes, the host classes, the simulated device's controls ----
@@ -101,11 +102,29 @@ step "writing the API reference (javadoc)"
 # work with less CPU time than the VM's defaults (as in cmake/javac-jar.sh).
 quick_vm=(-J-XX:TieredStopAtLevel=1 -J-XX:+UseSerialGC)
 javadoc_run() {  # artifact title classpath [options...]
-  local artifact=$1 title=$2 classpath=$3
+  local artifact=$1 title=$2 classpath=$3 docs=$out/docs/api/$1 inputs
   shift 3
   (cd "$work/src/$artifact" && find . -name '*.java' | sort >"$work/$artifact.files")
+  # Everything the reference is made from: javadoc's version, its arguments, every source, the
+  # class path's jars and the files the options name. The same inputs made the reference there
+  # already (a second kit from an unchanged tree, as the tests make): it stays, with its log.
+  inputs=$( {
+    cat "$jdk/release"
+    printf '%s\n' "$version" "$title" "$classpath" "$@"
+    (cd "$work/src/$artifact" && xargs -d '\n' sha1sum <"$work/$artifact.files")
+    tr : '\n' <<<"$classpath" | xargs -d '\n' sha1sum
+    for arg in "$@"; do
+      if [ -f "$arg" ]; then sha1sum "$arg"; elif [ -f "$arg/element-list" ]; then sha1sum "$arg/element-list"; fi
+    done
+  } | sha1sum | cut -d' ' -f1)
+  if [ -f "$docs/index.html" ] && [ "$(cat "$docs.inputs" 2>/dev/null)" = "$inputs" ] && [ -f "$docs.javadoc.log" ]; then
+    echo "sdk:       $artifact: $(wc -l <"$work/$artifact.files") source files, 0 errors," \
+      "$(grep -c 'warning' "$docs.javadoc.log" || true) warnings (unchanged sources: the reference made from them stays)"
+    return
+  fi
+  rm -rf "$docs" "$docs.inputs" "$docs.javadoc.log"
   if ! (cd "$work/src/$artifact" && "$jdk/bin/javadoc" "${quick_vm[@]}" -quiet -notimestamp -encoding UTF-8 -docencoding UTF-8 \
-        -charset UTF-8 -d "$out/docs/api/$artifact" -classpath "$classpath" -windowtitle "$title" \
+        -charset UTF-8 -d "$docs" -classpath "$classpath" -windowtitle "$title" \
         -doctitle "$title $version" -Xdoclint:all,-missing "$@" @"$work/$artifact.files") \
         >"$work/$artifact.javadoc.log" 2>&1; then
     echo "sdk: javadoc of $artifact failed:" >&2
@@ -115,7 +134,8 @@ javadoc_run() {  # artifact title classpath [options...]
   local warnings
   warnings=$(grep -c 'warning' "$work/$artifact.javadoc.log" || true)
   echo "sdk:       $artifact: $(wc -l <"$work/$artifact.files") source files, 0 errors, $warnings warnings"
-  cp "$work/$artifact.javadoc.log" "$out/docs/api/$artifact.javadoc.log"
+  cp "$work/$artifact.javadoc.log" "$docs.javadoc.log"
+  echo "$inputs" >"$docs.inputs"
 }
 javadoc_run tovrcmt "libtovrCMT Java API" "$build/java/tovrCMT.jar" -overview "$root/examples/sdk/overview.html"
 javadoc_run tovrsim "Simulated device controls" "$build/java/tovrCMT.jar:$build/java/tovrsim.jar" \
