@@ -1,5 +1,6 @@
 #include "cmt_system_info.h"
 
+#include "cmt_retcode.h"
 #include "cmt_trace.h"
 
 #define CMT_TRACE_MODULE "cmt_system_info"
@@ -11,6 +12,14 @@ namespace {
 esv_zel_systeminfo_facade* sysinfo() { return esv_zel_systeminfo_facade::esv_zel_systeminfo_get_instance(); }
 esv_zel_common_facade* common() { return esv_zel_common_facade::esv_zel_common_get_instance(); }
 esv_zel_panel_facade* panel() { return esv_zel_panel_facade::esv_zel_panel_get_instance(); }
+
+// Any other code is an error (2).
+const cmt_retcode_row kResults[] = {
+    CMT_RETCODE_ROW(ESV_ZEL_SYSINFO_OK, 0),
+    CMT_RETCODE_ROW(ESV_ZEL_SYSINFO_ERROR_COMPETENCE, 1),
+    CMT_RETCODE_ROW(ESV_ZEL_SYSINFO_ERROR, 2),
+    CMT_RETCODE_ROW(ESV_ZEL_SYSINFO_UNSUPPORTED_ERROR, 3),
+};
 
 }  // namespace
 
@@ -133,23 +142,12 @@ bool CMT_System_Info::get_result() { return result; }
 int CMT_System_Info::get_retcode() { return retcode; }
 
 int CMT_System_Info::convert_retcode(long rc) {
-    switch (rc) {
-    case ESV_ZEL_SYSINFO_OK:
-        CMT_TRACE(kTraceFlow, "ESV_ZEL_SYSINFO_OK");
-        return 0;
-    case ESV_ZEL_SYSINFO_ERROR_COMPETENCE:
-        CMT_TRACE(kTraceFlow, "ESV_ZEL_SYSINFO_ERROR_COMPETENCE");
-        return 1;
-    case ESV_ZEL_SYSINFO_ERROR:
-        CMT_TRACE(kTraceFlow, "ESV_ZEL_SYSINFO_ERROR");
-        return 2;
-    case ESV_ZEL_SYSINFO_UNSUPPORTED_ERROR:
-        CMT_TRACE(kTraceFlow, "ESV_ZEL_SYSINFO_UNSUPPORTED_ERROR");
-        return 3;
-    default:
-        CMT_TRACE(kTraceFlow, "default ZEL_FND_SYSINFO_ERROR");
-        return 2;
+    if (const cmt_retcode_row* row = cmt_find_retcode(kResults, rc)) {
+        CMT_TRACE(kTraceFlow, "%s", row->name);
+        return row->result;
     }
+    CMT_TRACE(kTraceFlow, "default ZEL_FND_SYSINFO_ERROR");
+    return 2;
 }
 
 }  // namespace tarnwick
