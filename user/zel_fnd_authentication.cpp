@@ -16,9 +16,6 @@ namespace tarnwick {
 
 namespace {
 
-constexpr long kFacadeInvalidPassword = 0x04010401;
-constexpr long kFacadeNotFound = 0x04010402;
-
 esv_zel_user_facade* facade() { return esv_zel_user_facade::esv_zel_user_get_instance(); }
 
 jni::JavaClass& array_list_class() {
@@ -52,11 +49,11 @@ unsigned int login_result(const char* operation, const char* word, long rc, unsi
         CMT_TRACE_OP(kTraceFlow, operation, "success. %s = [%d], cert_id = [%lu]", word, static_cast<int>(rc), cert_id);
         return A::kSuccess;
     }
-    if (password && rc == kFacadeInvalidPassword) {
+    if (password && rc == ESV_ZEL_USER_INVALID_PASSWORD) {
         CMT_TRACE_OP(kTraceFlow, operation, "invalid password. %s = [%d]", word, static_cast<int>(rc));
         return A::kInvalidPassword;
     }
-    if (rc == kFacadeNotFound) {
+    if (rc == ESV_ZEL_USER_NOT_FOUND) {
         CMT_TRACE_OP(kTraceFlow, operation, "not found. %s = [%d]", word, static_cast<int>(rc));
         return A::kNotFound;
     }
@@ -76,8 +73,8 @@ unsigned int rights_result(const char* operation, const char* word, long rc, ESV
         return A::kSuccess;
     }
     CMT_TRACE_OP(kTraceFlow, operation, "failed. result = %d", static_cast<int>(rc));
-    if (rc == kFacadeInvalidPassword) return A::kInvalidPassword;
-    if (rc == kFacadeNotFound) return A::kNotFound;
+    if (rc == ESV_ZEL_USER_INVALID_PASSWORD) return A::kInvalidPassword;
+    if (rc == ESV_ZEL_USER_NOT_FOUND) return A::kNotFound;
     return A::kFailure;
 }
 

@@ -8,9 +8,6 @@ namespace tarnwick {
 
 namespace {
 
-constexpr long kFacadeNotFound = 0x04010402;
-constexpr long kFacadeDuplicate = 0x04010405;
-
 esv_zel_user_facade* facade() { return esv_zel_user_facade::esv_zel_user_get_instance(); }
 
 // Each operation knows only some of the facade's codes: `not_found` and `duplicate` say which
@@ -20,11 +17,11 @@ unsigned int outcome(const char* operation, long rc, bool not_found, bool duplic
         CMT_TRACE_OP(kTraceFlow, operation, "success. retcode = [%d]", static_cast<int>(rc));
         return zel_fnd_user_account::kSuccess;
     }
-    if (not_found && rc == kFacadeNotFound) {
+    if (not_found && rc == ESV_ZEL_USER_NOT_FOUND) {
         CMT_TRACE_OP(kTraceFlow, operation, "not found. retcode = [%d]", static_cast<int>(rc));
         return zel_fnd_user_account::kNotFound;
     }
-    if (duplicate && rc == kFacadeDuplicate) {
+    if (duplicate && rc == ESV_ZEL_USER_DUPLICATE) {
         CMT_TRACE_OP(kTraceFlow, operation, "duplicate id. retcode = [%d]", static_cast<int>(rc));
         return zel_fnd_user_account::kDuplicate;
     }
