@@ -5,7 +5,8 @@
 
 namespace tarnwick {
 
-zel_fnd_observer::zel_fnd_observer() : vm_(nullptr), jnienv_(nullptr) {}
+zel_fnd_observer::zel_fnd_observer(const char* module, Thrown thrown)
+    : module_(module), thrown_(thrown), vm_(nullptr), jnienv_(nullptr) {}
 
 zel_fnd_observer::~zel_fnd_observer() {
     if (vm_ == nullptr) return;
@@ -39,9 +40,10 @@ int zel_fnd_observer::start(std::initializer_list<const char*> proxies,
         if (ok) ok = record->get(env) != nullptr;
     }
     for (const FireMethod& m : methods) {
-        if (!ok) break;
-        *m.id = env->GetStaticMethodID(proxy(m.proxy), m.name, m.signature);
-        if (*m.id == nullptr) {
+        if (!ok || m.index >= kMaxMethods) break;
+        method_proxies_[m.index] = m.proxy;
+        methods_[m.index] = env->GetStaticMethodID(proxy(m.proxy), m.name, m.signature);
+        if (methods_[m.index] == nullptr) {
             jni::failed(env);
             ok = false;
         }
