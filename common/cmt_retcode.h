@@ -1,6 +1,7 @@
-// The facade-code tables behind each module's convert_retcode: which facade code becomes which
-// module result, and the name its trace line gives it. Each module traces the name itself (its
-// own prefix, its own line for codes the table does not know), so the lines keep their module.
+// The result conversion behind each module's convert_retcode: a table of the facade codes the
+// module knows, the result each becomes and the name its trace line gives it, and how the
+// module's lines read. One trace line per conversion, under the module's name and the operation
+// "convert_retcode".
 #ifndef TARNWICK_CMT_RETCODE_H
 #define TARNWICK_CMT_RETCODE_H
 
@@ -18,14 +19,18 @@ struct cmt_retcode_row {
 #define CMT_RETCODE_ROW(constant, result) \
     { static_cast<long>(constant), (result), #constant }
 
-// The row of `code`, or null when the table does not know it.
-template <std::size_t N>
-const cmt_retcode_row* cmt_find_retcode(const cmt_retcode_row (&rows)[N], long code) {
-    for (const cmt_retcode_row& row : rows) {
-        if (row.code == code) return &row;
-    }
-    return nullptr;
-}
+struct cmt_retcode_table {
+    const char* module;
+    const cmt_retcode_row* rows;
+    std::size_t count;
+    const char* known;    // the line of a known code (level 3), given the constant's name
+    const char* unknown;  // the line of any other code, given the code as 32 bits (0x%08lx)
+    int unknown_level;
+    int unknown_result;
+};
+
+// The result of `code` by `table`, with its one trace line.
+int cmt_convert_retcode(const cmt_retcode_table& table, long code);
 
 }  // namespace tarnwick
 

@@ -1,5 +1,7 @@
 #include "zel_fnd_webservice_proxy.h"
 
+#include <iterator>
+
 #include "cmt_retcode.h"
 #include "cmt_trace.h"
 
@@ -20,6 +22,9 @@ const cmt_retcode_row kResults[] = {
     CMT_RETCODE_ROW(ESV_ZEL_WEBSERVICE_ERROR_FAILED, 5),
     CMT_RETCODE_ROW(ESV_ZEL_WEBSERVICE_ERROR_IPC, 6),
 };
+// An unknown code is reported as 5, the same as the facade's own failure.
+const cmt_retcode_table kConversion{CMT_TRACE_MODULE, kResults, std::size(kResults), "result = %s",
+                                    "result = ZEL_FND_WEBSERVICE_ERROR_FAILED", kTraceFlow, 5};
 
 }  // namespace
 
@@ -41,14 +46,6 @@ int zel_fnd_webservice_proxy::release(ESV_ZEL_WEBSERVICE_KIND kind, std::string 
     return convert_retcode(rc);
 }
 
-// An unknown code is reported as 5, the same as the facade's own failure.
-int zel_fnd_webservice_proxy::convert_retcode(long code) {
-    if (const cmt_retcode_row* row = cmt_find_retcode(kResults, code)) {
-        CMT_TRACE(kTraceFlow, "result = %s", row->name);
-        return row->result;
-    }
-    CMT_TRACE(kTraceFlow, "result = ZEL_FND_WEBSERVICE_ERROR_FAILED");
-    return 5;
-}
+int zel_fnd_webservice_proxy::convert_retcode(long code) { return cmt_convert_retcode(kConversion, code); }
 
 }  // namespace tarnwick

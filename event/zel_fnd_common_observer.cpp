@@ -33,14 +33,17 @@ int zel_fnd_common_observer::init() {
 // A Java exception thrown by a fire method stays pending: it is checked but not cleared, the
 // thread detaches right after, and no further JNI call is made.
 
-unsigned long zel_fnd_common_observer::notify_key_card_status(unsigned char status) {
+unsigned long zel_fnd_common_observer::forward_status(const char* operation, Method method, unsigned int status) {
     const int traced = static_cast<int>(status);
-    return forward("notify_key_card_status", kAttachFailure, &traced, kKeyDevice, static_cast<jint>(status));
+    return forward(operation, kAttachFailure, &traced, method, static_cast<jint>(status));
+}
+
+unsigned long zel_fnd_common_observer::notify_key_card_status(unsigned char status) {
+    return forward_status("notify_key_card_status", kKeyDevice, status);
 }
 
 unsigned long zel_fnd_common_observer::notify_key_counter_status(unsigned int status) {
-    const int traced = static_cast<int>(status);
-    return forward("notify_key_counter_status", kAttachFailure, &traced, kKeyDevice, static_cast<jint>(status));
+    return forward_status("notify_key_counter_status", kKeyDevice, status);
 }
 
 unsigned long zel_fnd_common_observer::notify_resident_app_state_changed(ESV_ZEL_REQ_APP_STATE state) {
@@ -69,13 +72,11 @@ unsigned long zel_fnd_common_observer::notify_toner_status(unsigned char first, 
 }
 
 unsigned long zel_fnd_common_observer::notify_coin_vender_status(unsigned int status) {
-    const int traced = static_cast<int>(status);
-    return forward("notify_coin_vender_status", kAttachFailure, &traced, kCoinVendor, static_cast<jint>(status));
+    return forward_status("notify_coin_vender_status", kCoinVendor, status);
 }
 
 unsigned long zel_fnd_common_observer::notify_usb_memory_status(unsigned int status) {
-    const int traced = static_cast<int>(status);
-    return forward("notify_usb_memory_status", kAttachFailure, &traced, kUsbDevice, static_cast<jint>(status));
+    return forward_status("notify_usb_memory_status", kUsbDevice, status);
 }
 
 unsigned long zel_fnd_common_observer::notify_sleep(ESV_ZEL_EVENT_SLEEP_STATE state) {

@@ -48,6 +48,9 @@ private:
         kPrepareActivation, kUsbDevice, kCoinVendor, kTonerLevel, kPaperSourceLevel, kCover, kWasteToner,
         kResidentApps, kKeyDevice
     };
+
+    // A notification of a status, traced with it and passed on as an int.
+    unsigned long forward_status(const char* operation, Method method, unsigned int status);
 };
 
 }  // namespace tarnwick

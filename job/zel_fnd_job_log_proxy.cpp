@@ -1,6 +1,7 @@
 #include "zel_fnd_job_log_proxy.h"
 
 #include <cstdint>
+#include <iterator>
 
 #include "cmt_retcode.h"
 #include "cmt_trace.h"
@@ -12,7 +13,6 @@ namespace tarnwick {
 
 namespace {
 
-// The facade's codes and the proxy's results; any other code reads as the general error.
 const cmt_retcode_row kResults[] = {
     CMT_RETCODE_ROW(ESV_ZEL_JOBINFO_OK, 0),
     CMT_RETCODE_ROW(ESV_ZEL_JOBINFO_ERROR, 1),
@@ -25,6 +25,9 @@ const cmt_retcode_row kResults[] = {
     CMT_RETCODE_ROW(ESV_ZEL_JOBINFO_IPC_ERROR, 8),
     CMT_RETCODE_ROW(ESV_ZEL_JOBINFO_LIST_OPERATE_ERROR, 9),
 };
+// Unknown codes read as the general error, traced like it and at the ordinary level.
+const cmt_retcode_table kConversion{CMT_TRACE_MODULE, kResults, std::size(kResults), "rc = %s.",
+                                    "rc = ESV_ZEL_JOBINFO_ERROR.", kTraceFlow, 1};
 
 }  // namespace
 
@@ -86,15 +89,8 @@ int zel_fnd_job_log_proxy::delete_receive_info_list() {
     return convert_retcode(rc);
 }
 
-// Unknown codes read as the general error, traced like it and at the ordinary level.
 int zel_fnd_job_log_proxy::convert_retcode(long code) {
-    const std::int32_t c = static_cast<std::int32_t>(code);  // facade codes are 32 bits on the device
-    if (const cmt_retcode_row* row = cmt_find_retcode(kResults, c)) {
-        CMT_TRACE(kTraceFlow, "rc = %s.", row->name);
-        return row->result;
-    }
-    CMT_TRACE(kTraceFlow, "rc = ESV_ZEL_JOBINFO_ERROR.");
-    return 1;
+    return cmt_convert_retcode(kConversion, static_cast<std::int32_t>(code));  // facade codes are 32 bits on the device
 }
 
 }  // namespace tarnwick

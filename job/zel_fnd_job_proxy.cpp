@@ -1,6 +1,7 @@
 #include "zel_fnd_job_proxy.h"
 
 #include <cstdint>
+#include <iterator>
 
 #include "CJvm.h"
 #include "cmt_retcode.h"
@@ -35,6 +36,8 @@ const cmt_retcode_row kResults[] = {
     CMT_RETCODE_ROW(ESV_ZEL_NO_HIT_JOB, 12),
     CMT_RETCODE_ROW(ESV_ZEL_JOB_ORG_SIZE_UNDEFINED, 13),
 };
+const cmt_retcode_table kConversion{CMT_TRACE_MODULE, kResults, std::size(kResults), "code = %s",
+                                    "code = unknown(0x%08lx)", kTraceError, 1};
 
 }  // namespace
 
@@ -357,13 +360,7 @@ unsigned int zel_fnd_job_proxy::get_char_array_size(ZEL_FND_JOB_CHAR_ARRAY_SIZE_
 }
 
 int zel_fnd_job_proxy::convert_retcode(long code) {
-    const std::int32_t c = static_cast<std::int32_t>(code);  // facade codes are 32 bits on the device
-    if (const cmt_retcode_row* row = cmt_find_retcode(kResults, c)) {
-        CMT_TRACE(kTraceFlow, "code = %s", row->name);
-        return row->result;
-    }
-    CMT_TRACE(kTraceError, "code = unknown(0x%08lx)", static_cast<unsigned long>(static_cast<std::uint32_t>(c)));
-    return 1;
+    return cmt_convert_retcode(kConversion, static_cast<std::int32_t>(code));  // facade codes are 32 bits on the device
 }
 
 }  // namespace tarnwick
