@@ -68,9 +68,9 @@ zel_fnd_acc_observer::zel_fnd_acc_observer() : zel_fnd_observer(CMT_TRACE_MODULE
 
 int zel_fnd_acc_observer::init() {
     return start({"tarnwick/zel/controller/event/proxy/AccProxy"}, {&iccard_info_class(), &system_data_class()},
-                 {{kICCard, 0, "fireICCardEvent", "(Ltarnwick/zel/controller/event/device/ICCardInfo;)V"},
-                  {kICCardError, 0, "fireICCardErrorEvent", "(I)V"},
-                  {kICCardDevice, 0, "fireICCardDeviceEvent", "(IIZB)V"}});
+                 {{0, "fireICCardEvent", "(Ltarnwick/zel/controller/event/device/ICCardInfo;)V"},
+                  {0, "fireICCardErrorEvent", "(I)V"},
+                  {0, "fireICCardDeviceEvent", "(IIZB)V"}});
 }
 
 // Every failure: one error trace, then call.fail() (the pending exception, if any, described

@@ -26,7 +26,7 @@ public:
     int notify_iccard_state_change_info(ESV_ZEL_ACC_ICCARD_STATE_CHANGE_INFO& info) override;
 
 private:
-    // The fire methods, all of AccProxy (proxy 0); ICCardInfo and SystemData are built through
+    // The fire methods, in the order init() looks them up, all of AccProxy (proxy 0); ICCardInfo and SystemData are built through
     // their class holders.
     enum Method : std::size_t { kICCard, kICCardError, kICCardDevice };
 };

@@ -42,11 +42,11 @@ public:
 private:
     // The proxy classes, in the order init() finds them.
     enum Proxy : std::size_t { kCommonProxy, kSynchronousProxy };
-    // The fire methods.
+    // The fire methods, in the order init() looks them up.
     enum Method : std::size_t {
-        kSystemRestart, kNetworkRestart, kLogout, kCommunicationError, kSleep, kCompletedActivation,
-        kPrepareActivation, kUsbDevice, kCoinVendor, kTonerLevel, kPaperSourceLevel, kCover, kWasteToner,
-        kResidentApps, kKeyDevice
+        kLogout, kCommunicationError, kSleep, kCompletedActivation, kUsbDevice, kCoinVendor, kTonerLevel,
+        kPaperSourceLevel, kCover, kWasteToner, kKeyDevice, kSystemRestart, kNetworkRestart, kPrepareActivation,
+        kResidentApps
     };
 
     // A notification of a status, traced with it and passed on as an int.

@@ -66,11 +66,11 @@ zel_fnd_job_observer::zel_fnd_job_observer() : zel_fnd_observer(CMT_TRACE_MODULE
 
 int zel_fnd_job_observer::init() {
     return start({"tarnwick/zel/controller/event/proxy/JobProxy"}, {&job_class(), &job_state_class()},
-                 {{kJobStateChanged, 0, "fireJobStateChangedEvent", "(Ltarnwick/zel/controller/event/job/Job;)V"},
-                  {kScanCount, 0, "fireScanCountEvent", "(JJ)V"},
-                  {kStartProhibition, 0, "fireStartProhibitionEvent", "(J)V"},
-                  {kCombConstraint, 0, "fireCombConstraintEvent", "(J)V"},
-                  {kPanelMessageUpdate, 0, "firePanelMessageUpdateEvent", "(J)V"}});
+                 {{0, "fireJobStateChangedEvent", "(Ltarnwick/zel/controller/event/job/Job;)V"},
+                  {0, "fireScanCountEvent", "(JJ)V"},
+                  {0, "fireStartProhibitionEvent", "(J)V"},
+                  {0, "fireCombConstraintEvent", "(J)V"},
+                  {0, "firePanelMessageUpdateEvent", "(J)V"}});
 }
 
 // A failed Java step ends the notification with call.fail() (the exception, if any, described

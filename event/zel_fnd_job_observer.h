@@ -29,7 +29,7 @@ public:
     long notify_message_info(unsigned int current_id, ESV_ZEL_PHB_GET_MESSAGE& message) override;
 
 private:
-    // The fire methods, all of JobProxy (proxy 0); Job and JobState are built and read through
+    // The fire methods, in the order init() looks them up, all of JobProxy (proxy 0); Job and JobState are built and read through
     // their class holders.
     enum Method : std::size_t {
         kJobStateChanged, kScanCount, kStartProhibition, kCombConstraint, kPanelMessageUpdate

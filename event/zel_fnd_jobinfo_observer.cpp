@@ -104,9 +104,9 @@ int zel_fnd_jobinfo_observer::init() {
     return start({"tarnwick/zel/controller/event/proxy/JobInfoProxy"},
                  {&print_page_info_class(), &scan_page_info_class(), &fax_send_page_info_class(),
                   &joblog_info_class(), &interpreter_info_class()},
-                 {{kPage, 0, "firePageEvent", "(Ljava/lang/Object;)V"},
-                  {kJobLog, 0, "fireJobLogEvent", "(Ltarnwick/zel/controller/event/job/JobLogInfo;)V"},
-                  {kInterpreter, 0, "fireInterpreterEvent",
+                 {{0, "firePageEvent", "(Ljava/lang/Object;)V"},
+                  {0, "fireJobLogEvent", "(Ltarnwick/zel/controller/event/job/JobLogInfo;)V"},
+                  {0, "fireInterpreterEvent",
                    "(Ltarnwick/zel/controller/event/job/InterpreterInfo;)V"}});
 }
 

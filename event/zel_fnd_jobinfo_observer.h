@@ -28,7 +28,7 @@ public:
     long notify_scan_page_info(const ESV_ZEL_EVENT_SCAN_PAGE& page) override;
 
 private:
-    // The fire methods, all of JobInfoProxy (proxy 0); the info objects are built through their
+    // The fire methods, in the order init() looks them up, all of JobInfoProxy (proxy 0); the info objects are built through their
     // class holders.
     enum Method : std::size_t { kPage, kJobLog, kInterpreter };
 };

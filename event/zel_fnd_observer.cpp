@@ -39,11 +39,12 @@ int zel_fnd_observer::start(std::initializer_list<const char*> proxies,
     for (jni::JavaClass* record : records) {
         if (ok) ok = record->get(env) != nullptr;
     }
+    std::size_t n = 0;
     for (const FireMethod& m : methods) {
-        if (!ok || m.index >= kMaxMethods) break;
-        method_proxies_[m.index] = m.proxy;
-        methods_[m.index] = env->GetStaticMethodID(proxy(m.proxy), m.name, m.signature);
-        if (methods_[m.index] == nullptr) {
+        if (!ok || n == kMaxMethods) break;
+        method_proxies_[n] = m.proxy;
+        methods_[n] = env->GetStaticMethodID(proxy(m.proxy), m.name, m.signature);
+        if (methods_[n++] == nullptr) {
             jni::failed(env);
             ok = false;
         }

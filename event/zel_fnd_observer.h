@@ -27,10 +27,9 @@ public:
     zel_fnd_observer& operator=(const zel_fnd_observer&) = delete;
 
 protected:
-    // Static fire method `index` (each observer numbers its own) of proxy class `proxy` (its
-    // place in the list given to start()).
+    // A static fire method of proxy class `proxy` (its place in the list given to start()).
+    // Each observer numbers its fire methods in the order it gives them to start().
     struct FireMethod {
-        std::size_t index;
         std::size_t proxy;
         const char* name;
         const char* signature;

@@ -11,7 +11,7 @@ zel_fnd_panel_observer::zel_fnd_panel_observer() : zel_fnd_observer(CMT_TRACE_MO
 
 int zel_fnd_panel_observer::init() {
     return start({"tarnwick/zel/controller/event/proxy/PanelProxy"}, {},
-                 {{kApplStart, 0, "fireApplStartEvent", "(J)V"}, {kAutoReset, 0, "fireAutoResetEvent", "()V"}});
+                 {{0, "fireApplStartEvent", "(J)V"}, {0, "fireAutoResetEvent", "()V"}});
 }
 
 // A Java exception thrown by a fire method stays pending: it is checked but not cleared, the

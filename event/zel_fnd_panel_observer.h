@@ -24,7 +24,7 @@ public:
     unsigned long notify_auto_panel_reset() override;
 
 private:
-    // The fire methods, all of PanelProxy (proxy 0).
+    // The fire methods, in the order init() looks them up, all of PanelProxy (proxy 0).
     enum Method : std::size_t { kApplStart, kAutoReset };
 };
 

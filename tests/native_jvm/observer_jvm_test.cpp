@@ -52,9 +52,9 @@ TEST(ObserverJvm, StartLooksUpInOrderAndStopsAtTheFirstMissingMethod) {
     on_device_thread([] {
         TestObserver observer;
         EXPECT_EQ(JNI_OK, observer.start({"java/lang/Integer"}, {},
-                                         {{0, 0, "parseInt", "(Ljava/lang/String;)I"},
-                                          {1, 0, "noSuchMethod", "()V"},
-                                          {2, 0, "valueOf", "(I)Ljava/lang/Integer;"}}));
+                                         {{0, "parseInt", "(Ljava/lang/String;)I"},
+                                          {0, "noSuchMethod", "()V"},
+                                          {0, "valueOf", "(I)Ljava/lang/Integer;"}}));
         EXPECT_NE(nullptr, observer.method(0));
         EXPECT_EQ(nullptr, observer.method(1));
         EXPECT_EQ(nullptr, observer.method(2));  // not looked up after the missing one
@@ -68,7 +68,7 @@ TEST(ObserverJvm, AMissingProxyOrRecordClassEndsTheLookupsBeforeAnyMethod) {
         TestObserver observer;
         ::testing::internal::CaptureStderr();
         observer.start({"java/lang/Integer", "tovrtest/NoSuchProxy"}, {},
-                       {{0, 0, "parseInt", "(Ljava/lang/String;)I"}});
+                       {{0, "parseInt", "(Ljava/lang/String;)I"}});
         EXPECT_NE(std::string::npos, ::testing::internal::GetCapturedStderr().find("tovrtest/NoSuchProxy"));
         EXPECT_NE(nullptr, observer.proxy(0));
         EXPECT_EQ(nullptr, observer.proxy(1));
@@ -80,7 +80,7 @@ TEST(ObserverJvm, AMissingProxyOrRecordClassEndsTheLookupsBeforeAnyMethod) {
         TestObserver other;
         ::testing::internal::CaptureStderr();
         other.start({"java/lang/Integer"}, {&plain_record, &missing_record},
-                    {{0, 0, "parseInt", "(Ljava/lang/String;)I"}});
+                    {{0, "parseInt", "(Ljava/lang/String;)I"}});
         ::testing::internal::GetCapturedStderr();
         EXPECT_EQ(nullptr, other.method(0));
         EXPECT_FALSE(attached());
@@ -155,7 +155,7 @@ using Lines = std::vector<std::pair<int, std::string>>;
 TEST(ObserverJvm, FireTracesTheExitOrEndsTheNotificationAsTheObserverTreatsAThrow) {
     on_device_thread([] {
         TestObserver fails(TestObserver::Thrown::kFails);
-        fails.start({"java/lang/Thread"}, {}, {{0, 0, "sleep", "(J)V"}});
+        fails.start({"java/lang/Thread"}, {}, {{0, "sleep", "(J)V"}});
         tovr_sim::clear_trace();
         {
             TestObserver::Notification call(fails, 0x04010001L, "notify_done");
@@ -172,7 +172,7 @@ TEST(ObserverJvm, FireTracesTheExitOrEndsTheNotificationAsTheObserverTreatsAThro
         EXPECT_EQ((Lines{{3, "notify_done,[End]"}, {0, "notify_done,Thread.sleep() threw"}}), observer_lines());
 
         TestObserver leaves(TestObserver::Thrown::kLeftPending);
-        leaves.start({"java/lang/Thread"}, {}, {{0, 0, "sleep", "(J)V"}});
+        leaves.start({"java/lang/Thread"}, {}, {{0, "sleep", "(J)V"}});
         tovr_sim::clear_trace();
         {
             TestObserver::Notification call(leaves, 0x04010207UL, "notify_left");
