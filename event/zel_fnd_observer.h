@@ -53,8 +53,8 @@ protected:
     // cannot), then finds each proxy class and keeps it as a global reference, finds each record
     // class the notifications build, and looks up each fire method, in that order; the first
     // that is missing (described and cleared) ends the lookups and leaves the IDs after it
-    // unset (null). Answers the result of detaching the thread. An observer is registered whatever
-    // this answers; its notifications then use what was found.
+    // unset (null). Answers the result of detaching the thread. An observer is registered
+    // whatever this answers; its notifications then use what was found.
     int start(std::initializer_list<const char*> proxies, std::initializer_list<jni::JavaClass*> records,
               std::initializer_list<FireMethod> methods);
 
@@ -75,7 +75,7 @@ private:
     void remember(JNIEnv* env);
 
     static constexpr std::size_t kMaxProxies = 2;
-    static constexpr std::size_t kMaxMethods = 16;
+    static constexpr std::size_t kMaxMethods = 16;  // the common observer has 15
     const char* const module_;
     const Thrown thrown_;
     JavaVM* vm_;
@@ -99,7 +99,7 @@ private:
 //         return call.fail();
 //     }
 //
-// fire() is the last step of every notification.
+// fire() is the last step of every notification that ends in a static void fire method.
 template <typename Code>
 class zel_fnd_observer::Notification {
 public:
