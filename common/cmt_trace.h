@@ -22,16 +22,19 @@ constexpr int kTraceBufferSize = 256;
 }  // namespace tarnwick
 
 // Formats the message into a zero-filled 256-byte buffer (longer text is cut at 255
-// characters) and hands it to the platform trace.
-#define CMT_TRACE_OP(level, operation, ...)                                                      \
+// characters) and hands it to the platform trace. Code shared by several modules names the
+// module it traces for; a source's own lines use CMT_TRACE_OP or CMT_TRACE.
+#define CMT_TRACE_AT(module, level, operation, ...)                                              \
     do {                                                                                         \
         char cmt_trace_message_[::tarnwick::kTraceBufferSize];                                   \
         std::memset(cmt_trace_message_, 0, sizeof cmt_trace_message_);                           \
         std::snprintf(cmt_trace_message_, sizeof cmt_trace_message_, __VA_ARGS__);              \
         emwGENTrcPrintf(::tarnwick::kTraceId, ::tarnwick::kTraceSubId, (level),                  \
-                        "%s[%04d]::%s,%s\n", CMT_TRACE_MODULE, __LINE__, (operation),            \
+                        "%s[%04d]::%s,%s\n", (module), __LINE__, (operation),                    \
                         cmt_trace_message_);                                                     \
     } while (0)
+
+#define CMT_TRACE_OP(level, operation, ...) CMT_TRACE_AT(CMT_TRACE_MODULE, level, operation, __VA_ARGS__)
 
 #define CMT_TRACE(level, ...) CMT_TRACE_OP(level, __func__, __VA_ARGS__)
 

@@ -1,5 +1,8 @@
 #include "cmt_system_info.h"
 
+#include <iterator>
+
+#include "cmt_retcode.h"
 #include "cmt_trace.h"
 
 #define CMT_TRACE_MODULE "cmt_system_info"
@@ -11,6 +14,16 @@ namespace {
 esv_zel_systeminfo_facade* sysinfo() { return esv_zel_systeminfo_facade::esv_zel_systeminfo_get_instance(); }
 esv_zel_common_facade* common() { return esv_zel_common_facade::esv_zel_common_get_instance(); }
 esv_zel_panel_facade* panel() { return esv_zel_panel_facade::esv_zel_panel_get_instance(); }
+
+const cmt_retcode_row kResults[] = {
+    CMT_RETCODE_ROW(ESV_ZEL_SYSINFO_OK, 0),
+    CMT_RETCODE_ROW(ESV_ZEL_SYSINFO_ERROR_COMPETENCE, 1),
+    CMT_RETCODE_ROW(ESV_ZEL_SYSINFO_ERROR, 2),
+    CMT_RETCODE_ROW(ESV_ZEL_SYSINFO_UNSUPPORTED_ERROR, 3),
+};
+// Each code's line is its bare name; any other code is an error (2).
+const cmt_retcode_table kConversion{CMT_TRACE_MODULE, kResults, std::size(kResults), "%s",
+                                    "default ZEL_FND_SYSINFO_ERROR", kTraceFlow, 2};
 
 }  // namespace
 
@@ -132,24 +145,6 @@ bool CMT_System_Info::get_result() { return result; }
 
 int CMT_System_Info::get_retcode() { return retcode; }
 
-int CMT_System_Info::convert_retcode(long rc) {
-    switch (rc) {
-    case ESV_ZEL_SYSINFO_OK:
-        CMT_TRACE(kTraceFlow, "ESV_ZEL_SYSINFO_OK");
-        return 0;
-    case ESV_ZEL_SYSINFO_ERROR_COMPETENCE:
-        CMT_TRACE(kTraceFlow, "ESV_ZEL_SYSINFO_ERROR_COMPETENCE");
-        return 1;
-    case ESV_ZEL_SYSINFO_ERROR:
-        CMT_TRACE(kTraceFlow, "ESV_ZEL_SYSINFO_ERROR");
-        return 2;
-    case ESV_ZEL_SYSINFO_UNSUPPORTED_ERROR:
-        CMT_TRACE(kTraceFlow, "ESV_ZEL_SYSINFO_UNSUPPORTED_ERROR");
-        return 3;
-    default:
-        CMT_TRACE(kTraceFlow, "default ZEL_FND_SYSINFO_ERROR");
-        return 2;
-    }
-}
+int CMT_System_Info::convert_retcode(long rc) { return cmt_convert_retcode(kConversion, rc); }
 
 }  // namespace tarnwick

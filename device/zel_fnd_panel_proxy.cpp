@@ -57,40 +57,21 @@ void zel_fnd_panel_proxy::extension_authentication_init(bool result) {
 void zel_fnd_panel_proxy::request_buzzer(unsigned int app_id_num, ZEL_FND_BUZZER_TYPE type) {
     CMT_TRACE(kTraceFlow, "[Start]. app_id_num = [%d], buzzer_type = [%d]", static_cast<int>(app_id_num),
               static_cast<int>(type));
-    ESV_ZEL_BUZZER_TYPE buzzer;
-    switch (type) {
-    case ZEL_FND_BUZZER_TYPE_0:
-        buzzer = ESV_ZEL_BUZZER_TYPE_0;
-        break;
-    case ZEL_FND_BUZZER_TYPE_1:
-        buzzer = ESV_ZEL_BUZZER_TYPE_1;
-        break;
-    case ZEL_FND_BUZZER_TYPE_2:
-        buzzer = ESV_ZEL_BUZZER_TYPE_2;
-        break;
-    default:
+    // The facade numbers the sounds as the library does: a known one is passed by value.
+    if (type < ZEL_FND_BUZZER_TYPE_0 || type > ZEL_FND_BUZZER_TYPE_2) {
         CMT_TRACE(kTraceError, "Type Error.");
         return;
     }
-    unsigned long rc = facade()->esv_zel_panel_request_buzzer(app_id_num, buzzer);
+    unsigned long rc = facade()->esv_zel_panel_request_buzzer(app_id_num, static_cast<ESV_ZEL_BUZZER_TYPE>(type));
     CMT_TRACE(kTraceFlow, "[End]. result = [0x%08lx]", code(rc));
 }
 
 void zel_fnd_panel_proxy::request_start_led(unsigned int app_id_num, ZEL_FND_LED_STATE operation) {
     CMT_TRACE(kTraceFlow, "[Start]. app_id_num = [%d], operation = [%d]", static_cast<int>(app_id_num),
               static_cast<int>(operation));
-    ESV_ZEL_LED_STATE state;
-    switch (operation) {
-    case ZEL_FND_LED_STATE_OFF:
-        state = ESV_ZEL_LED_STATE_OFF;
-        break;
-    case ZEL_FND_LED_STATE_ON:
-        state = ESV_ZEL_LED_STATE_ON;
-        break;
-    default:
-        return;  // unlike the buzzer, silently
-    }
-    unsigned long rc = facade()->esv_zel_panel_request_start_led(app_id_num, state);
+    // Off and on are passed by value, as for the buzzer; another value ends the call silently.
+    if (operation != ZEL_FND_LED_STATE_OFF && operation != ZEL_FND_LED_STATE_ON) return;
+    unsigned long rc = facade()->esv_zel_panel_request_start_led(app_id_num, static_cast<ESV_ZEL_LED_STATE>(operation));
     CMT_TRACE(kTraceFlow, "[End]. result = [0x%08lx]", code(rc));
 }
 

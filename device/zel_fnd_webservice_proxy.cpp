@@ -1,5 +1,8 @@
 #include "zel_fnd_webservice_proxy.h"
 
+#include <iterator>
+
+#include "cmt_retcode.h"
 #include "cmt_trace.h"
 
 #define CMT_TRACE_MODULE "zel_fnd_webservice_proxy"
@@ -9,6 +12,19 @@ namespace tarnwick {
 namespace {
 
 esv_zel_webservice_facade* facade() { return esv_zel_webservice_facade::esv_zel_webservice_get_instance(); }
+
+const cmt_retcode_row kResults[] = {
+    CMT_RETCODE_ROW(ESV_ZEL_WEBSERVICE_OK, 0),
+    CMT_RETCODE_ROW(ESV_ZEL_WEBSERVICE_ERROR_PARAMETER, 1),
+    CMT_RETCODE_ROW(ESV_ZEL_WEBSERVICE_ERROR_INVALID_SERVICE, 2),
+    CMT_RETCODE_ROW(ESV_ZEL_WEBSERVICE_ERROR_ALREADY_RESERVED, 3),
+    CMT_RETCODE_ROW(ESV_ZEL_WEBSERVICE_ERROR_DIFFERENT_HOST, 4),
+    CMT_RETCODE_ROW(ESV_ZEL_WEBSERVICE_ERROR_FAILED, 5),
+    CMT_RETCODE_ROW(ESV_ZEL_WEBSERVICE_ERROR_IPC, 6),
+};
+// An unknown code is reported as 5, the same as the facade's own failure.
+const cmt_retcode_table kConversion{CMT_TRACE_MODULE, kResults, std::size(kResults), "result = %s",
+                                    "result = ZEL_FND_WEBSERVICE_ERROR_FAILED", kTraceFlow, 5};
 
 }  // namespace
 
@@ -30,34 +46,6 @@ int zel_fnd_webservice_proxy::release(ESV_ZEL_WEBSERVICE_KIND kind, std::string 
     return convert_retcode(rc);
 }
 
-// An unknown code is reported as 5, the same as the facade's own failure.
-int zel_fnd_webservice_proxy::convert_retcode(long code) {
-    switch (code) {
-    case ESV_ZEL_WEBSERVICE_OK:
-        CMT_TRACE(kTraceFlow, "result = ESV_ZEL_WEBSERVICE_OK");
-        return 0;
-    case ESV_ZEL_WEBSERVICE_ERROR_PARAMETER:
-        CMT_TRACE(kTraceFlow, "result = ESV_ZEL_WEBSERVICE_ERROR_PARAMETER");
-        return 1;
-    case ESV_ZEL_WEBSERVICE_ERROR_INVALID_SERVICE:
-        CMT_TRACE(kTraceFlow, "result = ESV_ZEL_WEBSERVICE_ERROR_INVALID_SERVICE");
-        return 2;
-    case ESV_ZEL_WEBSERVICE_ERROR_ALREADY_RESERVED:
-        CMT_TRACE(kTraceFlow, "result = ESV_ZEL_WEBSERVICE_ERROR_ALREADY_RESERVED");
-        return 3;
-    case ESV_ZEL_WEBSERVICE_ERROR_DIFFERENT_HOST:
-        CMT_TRACE(kTraceFlow, "result = ESV_ZEL_WEBSERVICE_ERROR_DIFFERENT_HOST");
-        return 4;
-    case ESV_ZEL_WEBSERVICE_ERROR_FAILED:
-        CMT_TRACE(kTraceFlow, "result = ESV_ZEL_WEBSERVICE_ERROR_FAILED");
-        return 5;
-    case ESV_ZEL_WEBSERVICE_ERROR_IPC:
-        CMT_TRACE(kTraceFlow, "result = ESV_ZEL_WEBSERVICE_ERROR_IPC");
-        return 6;
-    default:
-        CMT_TRACE(kTraceFlow, "result = ZEL_FND_WEBSERVICE_ERROR_FAILED");
-        return 5;
-    }
-}
+int zel_fnd_webservice_proxy::convert_retcode(long code) { return cmt_convert_retcode(kConversion, code); }
 
 }  // namespace tarnwick

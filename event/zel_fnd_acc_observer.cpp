@@ -64,49 +64,36 @@ jmethodID card_method(const jni::JavaClass& cls, std::size_t i, const char* miss
 
 }  // namespace
 
+zel_fnd_acc_observer::zel_fnd_acc_observer() : zel_fnd_observer(CMT_TRACE_MODULE, Thrown::kFails) {}
+
 int zel_fnd_acc_observer::init() {
     return start({"tarnwick/zel/controller/event/proxy/AccProxy"}, {&iccard_info_class(), &system_data_class()},
-                 {{0, "fireICCardEvent", "(Ltarnwick/zel/controller/event/device/ICCardInfo;)V", &mid_iccard_},
-                  {0, "fireICCardErrorEvent", "(I)V", &mid_iccard_error_},
-                  {0, "fireICCardDeviceEvent", "(IIZB)V", &mid_iccard_device_}});
+                 {{0, "fireICCardEvent", "(Ltarnwick/zel/controller/event/device/ICCardInfo;)V"},
+                  {0, "fireICCardErrorEvent", "(I)V"},
+                  {0, "fireICCardDeviceEvent", "(IIZB)V"}});
 }
 
 // Every failure: one error trace, then call.fail() (the pending exception, if any, described
 // and cleared) and the thread detaches as the notification's scope ends.
 
 int zel_fnd_acc_observer::notify_iccard_state_change_info(ESV_ZEL_ACC_ICCARD_STATE_CHANGE_INFO& info) {
-    Notification call(*this, kFailure);
+    Notification call(*this, kFailure, __func__);
     if (!call.attached()) return kFailure;
-    JNIEnv* const env = call.env();
     CMT_TRACE(kTraceFlow, "[Start]");
-    env->CallStaticVoidMethod(proxy(0), mid_iccard_device_, static_cast<jint>(info.vendor_id),
-                              static_cast<jint>(info.product_id),
-                              static_cast<jboolean>(info.state == 1 ? JNI_TRUE : JNI_FALSE),
-                              static_cast<jbyte>(info.card_types));
-    if (jni::pending(env)) {
-        CMT_TRACE(kTraceError, "AccProxy.fireICCardDeviceEvent() threw");
-        return call.fail();
-    }
-    CMT_TRACE(kTraceFlow, "[End]");
-    return 0;
+    return call.fire(kICCardDevice, "[End]", "AccProxy.fireICCardDeviceEvent() threw",
+                     static_cast<jint>(info.vendor_id), static_cast<jint>(info.product_id),
+                     static_cast<jboolean>(info.state == 1 ? JNI_TRUE : JNI_FALSE), static_cast<jbyte>(info.card_types));
 }
 
 int zel_fnd_acc_observer::notify_iccard_read_error(int code) {
-    Notification call(*this, kFailure);
+    Notification call(*this, kFailure, __func__);
     if (!call.attached()) return kFailure;
-    JNIEnv* const env = call.env();
     CMT_TRACE(kTraceFlow, "[Enter]");
-    env->CallStaticVoidMethod(proxy(0), mid_iccard_error_, static_cast<jint>(code));
-    if (jni::pending(env)) {
-        CMT_TRACE(kTraceError, "AccProxy.fireICCardErrorEvent() threw");
-        return call.fail();
-    }
-    CMT_TRACE(kTraceFlow, "[Exit]");
-    return 0;
+    return call.fire(kICCardError, "[Exit]", "AccProxy.fireICCardErrorEvent() threw", static_cast<jint>(code));
 }
 
 int zel_fnd_acc_observer::notify_iccard_detect(ESV_ZEL_ACC_ICCARD_INFO& card_info) {
-    Notification call(*this, kFailure);
+    Notification call(*this, kFailure, __func__);
     if (!call.attached()) return kFailure;
     JNIEnv* const env = call.env();
     CMT_TRACE(kTraceFlow, "[Start]");
@@ -295,16 +282,9 @@ int zel_fnd_acc_observer::notify_iccard_detect(ESV_ZEL_ACC_ICCARD_INFO& card_inf
         return call.fail();
     }
 
-    // The last use of the observer: the listeners may stop the manager.
-    env->CallStaticVoidMethod(proxy(0), mid_iccard_, obj_iccard_info.get());
-    if (jni::pending(env)) {
-        CMT_TRACE(kTraceError, "AccProxy.fireICCardEvent() threw");
-        return call.fail();
-    }
-    CMT_TRACE(kTraceFlow, "[End]");
     // The local references go as the scope ends (array, card-ID string, card-info object), then
     // the thread detaches.
-    return 0;
+    return call.fire(kICCard, "[End]", "AccProxy.fireICCardEvent() threw", obj_iccard_info.get());
 }
 
 }  // namespace tarnwick

@@ -5,6 +5,8 @@
 
 #include <jni.h>
 
+#include <cstddef>
+
 #include "esv_zel_acc_facade.h"
 #include "zel_fnd_observer.h"
 
@@ -15,7 +17,7 @@ public:
     // Answer to the facade on any failure.
     static constexpr int kFailure = 0x04010A05;
 
-    zel_fnd_acc_observer() = default;
+    zel_fnd_acc_observer();
 
     int init();
 
@@ -24,10 +26,9 @@ public:
     int notify_iccard_state_change_info(ESV_ZEL_ACC_ICCARD_STATE_CHANGE_INFO& info) override;
 
 private:
-    // AccProxy is proxy 0; ICCardInfo and SystemData are built through their class holders.
-    jmethodID mid_iccard_ = nullptr;
-    jmethodID mid_iccard_error_ = nullptr;
-    jmethodID mid_iccard_device_ = nullptr;
+    // The fire methods, in the order init() looks them up, all of AccProxy (proxy 0); ICCardInfo and SystemData are built through
+    // their class holders.
+    enum Method : std::size_t { kICCard, kICCardError, kICCardDevice };
 };
 
 }  // namespace tarnwick

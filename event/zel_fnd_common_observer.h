@@ -19,7 +19,7 @@ public:
     // Answer when Java refuses to prepare an activation.
     static constexpr unsigned long kPrepareRefused = 0x04010206;
 
-    zel_fnd_common_observer() = default;
+    zel_fnd_common_observer();
 
     int init();
 
@@ -42,27 +42,15 @@ public:
 private:
     // The proxy classes, in the order init() finds them.
     enum Proxy : std::size_t { kCommonProxy, kSynchronousProxy };
+    // The fire methods, in the order init() looks them up.
+    enum Method : std::size_t {
+        kLogout, kCommunicationError, kSleep, kCompletedActivation, kUsbDevice, kCoinVendor, kTonerLevel,
+        kPaperSourceLevel, kCover, kWasteToner, kKeyDevice, kSystemRestart, kNetworkRestart, kPrepareActivation,
+        kResidentApps
+    };
 
-    // The shape of every notification that only forwards to a static void method: attach,
-    // "[Start]" (with the status when one is given), call, "[End]", detach.
-    template <typename... Args>
-    unsigned long forward(const char* operation, const int* status, Proxy cls, jmethodID method, Args... args);
-
-    jmethodID mid_system_restart_ = nullptr;
-    jmethodID mid_network_restart_ = nullptr;
-    jmethodID mid_logout_ = nullptr;
-    jmethodID mid_communication_error_ = nullptr;
-    jmethodID mid_sleep_ = nullptr;
-    jmethodID mid_completed_activation_ = nullptr;
-    jmethodID mid_prepare_activation_ = nullptr;
-    jmethodID mid_usb_device_ = nullptr;
-    jmethodID mid_coin_vendor_ = nullptr;
-    jmethodID mid_toner_level_ = nullptr;
-    jmethodID mid_paper_source_level_ = nullptr;
-    jmethodID mid_cover_ = nullptr;
-    jmethodID mid_waste_toner_ = nullptr;
-    jmethodID mid_resident_apps_ = nullptr;
-    jmethodID mid_key_device_ = nullptr;
+    // A notification of a status, traced with it and passed on as an int.
+    unsigned long forward_status(const char* operation, Method method, unsigned int status);
 };
 
 }  // namespace tarnwick

@@ -62,13 +62,15 @@ bool set_job(JNIEnv* env, jobject job, JobMember m, jvalue value, const char* mi
 
 }  // namespace
 
+zel_fnd_job_observer::zel_fnd_job_observer() : zel_fnd_observer(CMT_TRACE_MODULE, Thrown::kFails) {}
+
 int zel_fnd_job_observer::init() {
     return start({"tarnwick/zel/controller/event/proxy/JobProxy"}, {&job_class(), &job_state_class()},
-                 {{0, "fireJobStateChangedEvent", "(Ltarnwick/zel/controller/event/job/Job;)V", &mid_job_state_changed_},
-                  {0, "fireScanCountEvent", "(JJ)V", &mid_scan_count_},
-                  {0, "fireStartProhibitionEvent", "(J)V", &mid_start_prohibition_},
-                  {0, "fireCombConstraintEvent", "(J)V", &mid_comb_constraint_},
-                  {0, "firePanelMessageUpdateEvent", "(J)V", &mid_panel_message_update_}});
+                 {{0, "fireJobStateChangedEvent", "(Ltarnwick/zel/controller/event/job/Job;)V"},
+                  {0, "fireScanCountEvent", "(JJ)V"},
+                  {0, "fireStartProhibitionEvent", "(J)V"},
+                  {0, "fireCombConstraintEvent", "(J)V"},
+                  {0, "firePanelMessageUpdateEvent", "(J)V"}});
 }
 
 // A failed Java step ends the notification with call.fail() (the exception, if any, described
@@ -76,37 +78,21 @@ int zel_fnd_job_observer::init() {
 // their step at the error level first; an exception thrown by a Java setter or the fire method
 // has no trace of its own: the listener failed and the event was not handled.
 
-long zel_fnd_job_observer::fire_simple(const char* operation, jmethodID method, jlong first, jlong second,
-                                       int count) {
-    Notification call(*this, kFailure);
-    if (!call.attached()) return kFailure;
-    JNIEnv* const env = call.env();
-    CMT_TRACE_OP(kTraceFlow, operation, "[Start]");
-    if (count == 2) {
-        env->CallStaticVoidMethod(proxy(0), method, first, second);
-    } else {
-        env->CallStaticVoidMethod(proxy(0), method, first);
-    }
-    if (jni::pending(env)) return call.fail();
-    CMT_TRACE_OP(kTraceFlow, operation, "[End]");
-    return 0;
-}
-
 long zel_fnd_job_observer::notify_scan_count(unsigned int count_1, unsigned int count_2) {
-    return fire_simple("notify_scan_count", mid_scan_count_, static_cast<jlong>(count_1),
-                       static_cast<jlong>(count_2), 2);
+    return forward("notify_scan_count", kFailure, nullptr, kScanCount, static_cast<jlong>(count_1),
+                   static_cast<jlong>(count_2));
 }
 
 long zel_fnd_job_observer::notify_start_phb(unsigned int current_id) {
-    return fire_simple("notify_start_phb", mid_start_prohibition_, static_cast<jlong>(current_id), 0, 1);
+    return forward("notify_start_phb", kFailure, nullptr, kStartProhibition, static_cast<jlong>(current_id));
 }
 
 long zel_fnd_job_observer::notify_disable_info(unsigned int current_id) {
-    return fire_simple("notify_disable_info", mid_comb_constraint_, static_cast<jlong>(current_id), 0, 1);
+    return forward("notify_disable_info", kFailure, nullptr, kCombConstraint, static_cast<jlong>(current_id));
 }
 
 long zel_fnd_job_observer::notify_main_message(unsigned int current_id) {
-    return fire_simple("notify_main_message", mid_panel_message_update_, static_cast<jlong>(current_id), 0, 1);
+    return forward("notify_main_message", kFailure, nullptr, kPanelMessageUpdate, static_cast<jlong>(current_id));
 }
 
 long zel_fnd_job_observer::notify_phb_info(unsigned int, ESV_ZEL_PHB_INFO&) { return 0; }
@@ -114,7 +100,7 @@ long zel_fnd_job_observer::notify_phb_info(unsigned int, ESV_ZEL_PHB_INFO&) { re
 long zel_fnd_job_observer::notify_message_info(unsigned int, ESV_ZEL_PHB_GET_MESSAGE&) { return 0; }
 
 long zel_fnd_job_observer::notify_job_state_changed(ESV_ZEL_JOB_STATE state) {
-    Notification call(*this, kFailure);
+    Notification call(*this, kFailure, __func__);
     if (!call.attached()) return kFailure;
     JNIEnv* const env = call.env();
     CMT_TRACE(kTraceFlow, "[Start]");
@@ -194,11 +180,7 @@ long zel_fnd_job_observer::notify_job_state_changed(ESV_ZEL_JOB_STATE state) {
         return call.fail();
     }
 
-    // The last use of the observer: the listeners may stop the manager.
-    env->CallStaticVoidMethod(proxy(0), mid_job_state_changed_, job.get());
-    if (jni::pending(env)) return call.fail();
-    CMT_TRACE(kTraceFlow, "[End]");
-    return 0;
+    return call.fire(kJobStateChanged, "[End]", nullptr, job.get());
 }
 
 }  // namespace tarnwick

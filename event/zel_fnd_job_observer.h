@@ -4,6 +4,8 @@
 
 #include <jni.h>
 
+#include <cstddef>
+
 #include "esv_zel_job_observer.h"
 #include "zel_fnd_observer.h"
 
@@ -14,7 +16,7 @@ public:
     // Answer to the facade when the thread cannot be attached or a Java step fails.
     static constexpr long kFailure = 0x04010001;
 
-    zel_fnd_job_observer() = default;
+    zel_fnd_job_observer();
 
     int init();
 
@@ -27,15 +29,11 @@ public:
     long notify_message_info(unsigned int current_id, ESV_ZEL_PHB_GET_MESSAGE& message) override;
 
 private:
-    // One of the four notifications that pass unsigned values straight to a fire method.
-    long fire_simple(const char* operation, jmethodID method, jlong first, jlong second, int count);
-
-    // JobProxy is proxy 0; Job and JobState are built and read through their class holders.
-    jmethodID mid_job_state_changed_ = nullptr;
-    jmethodID mid_scan_count_ = nullptr;
-    jmethodID mid_start_prohibition_ = nullptr;
-    jmethodID mid_comb_constraint_ = nullptr;
-    jmethodID mid_panel_message_update_ = nullptr;
+    // The fire methods, in the order init() looks them up, all of JobProxy (proxy 0); Job and JobState are built and read through
+    // their class holders.
+    enum Method : std::size_t {
+        kJobStateChanged, kScanCount, kStartProhibition, kCombConstraint, kPanelMessageUpdate
+    };
 };
 
 }  // namespace tarnwick

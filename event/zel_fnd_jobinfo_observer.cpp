@@ -98,24 +98,16 @@ bool begin(JNIEnv* env, const char* operation, jni::JavaClass& cls, const char* 
 
 }  // namespace
 
+zel_fnd_jobinfo_observer::zel_fnd_jobinfo_observer() : zel_fnd_observer(CMT_TRACE_MODULE, Thrown::kFails) {}
+
 int zel_fnd_jobinfo_observer::init() {
     return start({"tarnwick/zel/controller/event/proxy/JobInfoProxy"},
                  {&print_page_info_class(), &scan_page_info_class(), &fax_send_page_info_class(),
                   &joblog_info_class(), &interpreter_info_class()},
-                 {{0, "firePageEvent", "(Ljava/lang/Object;)V", &mid_page_},
-                  {0, "fireJobLogEvent", "(Ltarnwick/zel/controller/event/job/JobLogInfo;)V", &mid_job_log_},
-                  {0, "fireInterpreterEvent", "(Ltarnwick/zel/controller/event/job/InterpreterInfo;)V",
-                   &mid_interpreter_}});
-}
-
-long zel_fnd_jobinfo_observer::fire(const Notification<long>& call, jmethodID method, jobject info,
-                                    const char* operation) {
-    JNIEnv* const env = call.env();
-    // The last use of the observer: the listeners may stop the manager.
-    env->CallStaticVoidMethod(proxy(0), method, info);
-    if (jni::pending(env)) return call.fail();
-    CMT_TRACE_OP(kTraceFlow, operation, "[End]");
-    return 0;
+                 {{0, "firePageEvent", "(Ljava/lang/Object;)V"},
+                  {0, "fireJobLogEvent", "(Ltarnwick/zel/controller/event/job/JobLogInfo;)V"},
+                  {0, "fireInterpreterEvent",
+                   "(Ltarnwick/zel/controller/event/job/InterpreterInfo;)V"}});
 }
 
 // A failed step (a missing method, a setter or fire method that threw, an object or string
@@ -123,7 +115,7 @@ long zel_fnd_jobinfo_observer::fire(const Notification<long>& call, jmethodID me
 // and the thread detaches as the scope ends.
 
 long zel_fnd_jobinfo_observer::notify_job_update_log(const ESV_ZEL_EVENT_JOB_UPDATE_LOG& log) {
-    Notification call(*this, kFailure);
+    Notification call(*this, kFailure, __func__);
     if (!call.attached()) return kFailure;
     JNIEnv* const env = call.env();
     jni::JavaClass& cls = joblog_info_class();
@@ -134,11 +126,11 @@ long zel_fnd_jobinfo_observer::notify_job_update_log(const ESV_ZEL_EVENT_JOB_UPD
     }
     CMT_TRACE(kTraceFlow, "receipt_id = [%d]", static_cast<int>(log.receipt_id));
     if (!set_all(env, info.get(), cls, 2, {java_value(static_cast<jlong>(log.receipt_id))})) return call.fail();
-    return fire(call, mid_job_log_, info.get(), __func__);
+    return call.fire(kJobLog, "[End]", nullptr, info.get());
 }
 
 long zel_fnd_jobinfo_observer::notify_fax_send_page_info(const ESV_ZEL_EVENT_SEND_PAGE& page) {
-    Notification call(*this, kFailure);
+    Notification call(*this, kFailure, __func__);
     if (!call.attached()) return kFailure;
     jni::LocalRef<jobject> info;
     if (!begin(call.env(), __func__, fax_send_page_info_class(),
@@ -147,12 +139,12 @@ long zel_fnd_jobinfo_observer::notify_fax_send_page_info(const ESV_ZEL_EVENT_SEN
                info)) {
         return call.fail();
     }
-    return fire(call, mid_page_, info.get(), __func__);
+    return call.fire(kPage, "[End]", nullptr, info.get());
 }
 
 long zel_fnd_jobinfo_observer::notify_renint_start_info(const ESV_ZEL_EVENT_RENINT_START& start,
                                                         const char* job_name) {
-    Notification call(*this, kFailure);
+    Notification call(*this, kFailure, __func__);
     if (!call.attached()) return kFailure;
     JNIEnv* const env = call.env();
     jni::JavaClass& cls = interpreter_info_class();
@@ -173,11 +165,11 @@ long zel_fnd_jobinfo_observer::notify_renint_start_info(const ESV_ZEL_EVENT_RENI
     }
     if (!call_setter(env, info.get(), set_job_name, java_value(name.get()))) return call.fail();
     name.reset();
-    return fire(call, mid_interpreter_, info.get(), __func__);
+    return call.fire(kInterpreter, "[End]", nullptr, info.get());
 }
 
 long zel_fnd_jobinfo_observer::notify_print_page_info(const ESV_ZEL_EVENT_PRINT_PAGE& page) {
-    Notification call(*this, kFailure);
+    Notification call(*this, kFailure, __func__);
     if (!call.attached()) return kFailure;
     jni::LocalRef<jobject> info;
     if (!begin(call.env(), __func__, print_page_info_class(),
@@ -191,11 +183,11 @@ long zel_fnd_jobinfo_observer::notify_print_page_info(const ESV_ZEL_EVENT_PRINT_
                info)) {
         return call.fail();
     }
-    return fire(call, mid_page_, info.get(), __func__);
+    return call.fire(kPage, "[End]", nullptr, info.get());
 }
 
 long zel_fnd_jobinfo_observer::notify_scan_page_info(const ESV_ZEL_EVENT_SCAN_PAGE& page) {
-    Notification call(*this, kFailure);
+    Notification call(*this, kFailure, __func__);
     if (!call.attached()) return kFailure;
     jni::LocalRef<jobject> info;
     if (!begin(call.env(), __func__, scan_page_info_class(),
@@ -207,7 +199,7 @@ long zel_fnd_jobinfo_observer::notify_scan_page_info(const ESV_ZEL_EVENT_SCAN_PA
                info)) {
         return call.fail();
     }
-    return fire(call, mid_page_, info.get(), __func__);
+    return call.fire(kPage, "[End]", nullptr, info.get());
 }
 
 }  // namespace tarnwick

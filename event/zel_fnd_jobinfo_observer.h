@@ -5,6 +5,8 @@
 
 #include <jni.h>
 
+#include <cstddef>
+
 #include "esv_zel_jobinfo_observer.h"
 #include "zel_fnd_observer.h"
 
@@ -15,7 +17,7 @@ public:
     // Answer to the facade when the thread cannot be attached or a Java step fails.
     static constexpr long kFailure = 0x04010001;
 
-    zel_fnd_jobinfo_observer() = default;
+    zel_fnd_jobinfo_observer();
 
     int init();
 
@@ -26,13 +28,9 @@ public:
     long notify_scan_page_info(const ESV_ZEL_EVENT_SCAN_PAGE& page) override;
 
 private:
-    // Fires `info` through `method` and traces "[End]": the notification's answer.
-    long fire(const Notification<long>& call, jmethodID method, jobject info, const char* operation);
-
-    // JobInfoProxy is proxy 0; the info objects are built through their class holders.
-    jmethodID mid_page_ = nullptr;
-    jmethodID mid_job_log_ = nullptr;
-    jmethodID mid_interpreter_ = nullptr;
+    // The fire methods, in the order init() looks them up, all of JobInfoProxy (proxy 0); the info objects are built through their
+    // class holders.
+    enum Method : std::size_t { kPage, kJobLog, kInterpreter };
 };
 
 }  // namespace tarnwick

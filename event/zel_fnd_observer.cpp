@@ -5,7 +5,8 @@
 
 namespace tarnwick {
 
-zel_fnd_observer::zel_fnd_observer() : vm_(nullptr), jnienv_(nullptr) {}
+zel_fnd_observer::zel_fnd_observer(const char* module, Thrown thrown)
+    : module_(module), thrown_(thrown), vm_(nullptr), jnienv_(nullptr) {}
 
 zel_fnd_observer::~zel_fnd_observer() {
     if (vm_ == nullptr) return;
@@ -38,10 +39,12 @@ int zel_fnd_observer::start(std::initializer_list<const char*> proxies,
     for (jni::JavaClass* record : records) {
         if (ok) ok = record->get(env) != nullptr;
     }
+    std::size_t n = 0;
     for (const FireMethod& m : methods) {
-        if (!ok) break;
-        *m.id = env->GetStaticMethodID(proxy(m.proxy), m.name, m.signature);
-        if (*m.id == nullptr) {
+        if (!ok || n == kMaxMethods) break;
+        method_proxies_[n] = m.proxy;
+        methods_[n] = env->GetStaticMethodID(proxy(m.proxy), m.name, m.signature);
+        if (methods_[n++] == nullptr) {
             jni::failed(env);
             ok = false;
         }

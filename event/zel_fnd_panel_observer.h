@@ -4,6 +4,8 @@
 
 #include <jni.h>
 
+#include <cstddef>
+
 #include "esv_zel_panel_facade.h"
 #include "zel_fnd_observer.h"
 
@@ -14,7 +16,7 @@ public:
     // Answer to the facade when the delivering thread cannot be attached.
     static constexpr unsigned long kAttachFailure = 0x04010706;
 
-    zel_fnd_panel_observer() = default;
+    zel_fnd_panel_observer();
 
     int init();
 
@@ -22,9 +24,8 @@ public:
     unsigned long notify_auto_panel_reset() override;
 
 private:
-    // PanelProxy is proxy 0.
-    jmethodID mid_appl_start_ = nullptr;
-    jmethodID mid_auto_reset_ = nullptr;
+    // The fire methods, in the order init() looks them up, all of PanelProxy (proxy 0).
+    enum Method : std::size_t { kApplStart, kAutoReset };
 };
 
 }  // namespace tarnwick

@@ -1,13 +1,35 @@
 #include "zel_fnd_job_log_proxy.h"
 
 #include <cstdint>
+#include <iterator>
 
+#include "cmt_retcode.h"
 #include "cmt_trace.h"
 #include "esv_zel_jobinfo_facade.h"
 
 #define CMT_TRACE_MODULE "zel_fnd_job_log_proxy"
 
 namespace tarnwick {
+
+namespace {
+
+const cmt_retcode_row kResults[] = {
+    CMT_RETCODE_ROW(ESV_ZEL_JOBINFO_OK, 0),
+    CMT_RETCODE_ROW(ESV_ZEL_JOBINFO_ERROR, 1),
+    CMT_RETCODE_ROW(ESV_ZEL_JOBINFO_DUPL_OBSERVER, 2),
+    CMT_RETCODE_ROW(ESV_ZEL_JOBINFO_NO_OBSERVER, 3),
+    CMT_RETCODE_ROW(ESV_ZEL_JOBINFO_PARAM_ERROR, 4),
+    CMT_RETCODE_ROW(ESV_ZEL_JOBINFO_NOT_FOUND_ERROR, 5),
+    CMT_RETCODE_ROW(ESV_ZEL_JOBINFO_ERROR_OUT_OF_RANGE, 6),
+    CMT_RETCODE_ROW(ESV_ZEL_JOBINFO_ERROR_CRITICAL, 7),
+    CMT_RETCODE_ROW(ESV_ZEL_JOBINFO_IPC_ERROR, 8),
+    CMT_RETCODE_ROW(ESV_ZEL_JOBINFO_LIST_OPERATE_ERROR, 9),
+};
+// Unknown codes read as the general error, traced like it and at the ordinary level.
+const cmt_retcode_table kConversion{CMT_TRACE_MODULE, kResults, std::size(kResults), "rc = %s.",
+                                    "rc = ESV_ZEL_JOBINFO_ERROR.", kTraceFlow, 1};
+
+}  // namespace
 
 zel_fnd_job_log_proxy::zel_fnd_job_log_proxy() {}
 
@@ -67,43 +89,8 @@ int zel_fnd_job_log_proxy::delete_receive_info_list() {
     return convert_retcode(rc);
 }
 
-// Unknown codes read as the general error, traced like it and at the ordinary level.
 int zel_fnd_job_log_proxy::convert_retcode(long code) {
-    switch (static_cast<std::int32_t>(code)) {  // facade codes are 32 bits on the device
-        case ESV_ZEL_JOBINFO_OK:
-            CMT_TRACE(kTraceFlow, "rc = ESV_ZEL_JOBINFO_OK.");
-            return 0;
-        case ESV_ZEL_JOBINFO_ERROR:
-            CMT_TRACE(kTraceFlow, "rc = ESV_ZEL_JOBINFO_ERROR.");
-            return 1;
-        case ESV_ZEL_JOBINFO_DUPL_OBSERVER:
-            CMT_TRACE(kTraceFlow, "rc = ESV_ZEL_JOBINFO_DUPL_OBSERVER.");
-            return 2;
-        case ESV_ZEL_JOBINFO_NO_OBSERVER:
-            CMT_TRACE(kTraceFlow, "rc = ESV_ZEL_JOBINFO_NO_OBSERVER.");
-            return 3;
-        case ESV_ZEL_JOBINFO_PARAM_ERROR:
-            CMT_TRACE(kTraceFlow, "rc = ESV_ZEL_JOBINFO_PARAM_ERROR.");
-            return 4;
-        case ESV_ZEL_JOBINFO_NOT_FOUND_ERROR:
-            CMT_TRACE(kTraceFlow, "rc = ESV_ZEL_JOBINFO_NOT_FOUND_ERROR.");
-            return 5;
-        case ESV_ZEL_JOBINFO_ERROR_OUT_OF_RANGE:
-            CMT_TRACE(kTraceFlow, "rc = ESV_ZEL_JOBINFO_ERROR_OUT_OF_RANGE.");
-            return 6;
-        case ESV_ZEL_JOBINFO_ERROR_CRITICAL:
-            CMT_TRACE(kTraceFlow, "rc = ESV_ZEL_JOBINFO_ERROR_CRITICAL.");
-            return 7;
-        case ESV_ZEL_JOBINFO_IPC_ERROR:
-            CMT_TRACE(kTraceFlow, "rc = ESV_ZEL_JOBINFO_IPC_ERROR.");
-            return 8;
-        case ESV_ZEL_JOBINFO_LIST_OPERATE_ERROR:
-            CMT_TRACE(kTraceFlow, "rc = ESV_ZEL_JOBINFO_LIST_OPERATE_ERROR.");
-            return 9;
-        default:
-            CMT_TRACE(kTraceFlow, "rc = ESV_ZEL_JOBINFO_ERROR.");
-            return 1;
-    }
+    return cmt_convert_retcode(kConversion, static_cast<std::int32_t>(code));  // facade codes are 32 bits on the device
 }
 
 }  // namespace tarnwick

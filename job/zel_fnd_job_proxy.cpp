@@ -1,8 +1,10 @@
 #include "zel_fnd_job_proxy.h"
 
 #include <cstdint>
+#include <iterator>
 
 #include "CJvm.h"
+#include "cmt_retcode.h"
 #include "cmt_trace.h"
 #include "esv_zel_job_facade.h"
 
@@ -16,6 +18,26 @@ esv_zel_job_facade* facade() { return esv_zel_job_facade::esv_zel_job_get_instan
 
 // Buffer sizes of the job texts, by key.
 const unsigned int kCharArraySizes[] = {64, 128, 64, 64, 64, 128, 128, 128, 128};
+
+// The facade's codes and the proxy's results. The facade's general failure 0x04010001 has no
+// row of its own: it is unknown here, like any other code.
+const cmt_retcode_row kResults[] = {
+    CMT_RETCODE_ROW(ESV_ZEL_JOB_OK, 0),
+    CMT_RETCODE_ROW(ESV_ZEL_JOB_DUPL_OBSERVER, 2),
+    CMT_RETCODE_ROW(ESV_ZEL_JOB_NO_OBSERVER, 3),
+    CMT_RETCODE_ROW(ESV_ZEL_JOB_OUTPUT_PROHIBITING, 4),
+    CMT_RETCODE_ROW(ESV_ZEL_JOB_START_PROHIBITION, 5),
+    CMT_RETCODE_ROW(ESV_ZEL_JOB_LIMIT, 6),
+    CMT_RETCODE_ROW(ESV_ZEL_JOB_IPC_ERROR, 7),
+    CMT_RETCODE_ROW(ESV_ZEL_JOB_PARAM_ERROR, 8),
+    CMT_RETCODE_ROW(ESV_ZEL_JOB_COPY_JOBINFO_LIMIT_OVER, 9),
+    CMT_RETCODE_ROW(ESV_ZEL_JOB_RET_NOT_COPY_JOBINFO, 10),
+    CMT_RETCODE_ROW(ESV_ZEL_JOB_NO_CATEGORY, 11),
+    CMT_RETCODE_ROW(ESV_ZEL_NO_HIT_JOB, 12),
+    CMT_RETCODE_ROW(ESV_ZEL_JOB_ORG_SIZE_UNDEFINED, 13),
+};
+const cmt_retcode_table kConversion{CMT_TRACE_MODULE, kResults, std::size(kResults), "code = %s",
+                                    "code = unknown(0x%08lx)", kTraceError, 1};
 
 }  // namespace
 
@@ -338,52 +360,7 @@ unsigned int zel_fnd_job_proxy::get_char_array_size(ZEL_FND_JOB_CHAR_ARRAY_SIZE_
 }
 
 int zel_fnd_job_proxy::convert_retcode(long code) {
-    const std::int32_t c = static_cast<std::int32_t>(code);  // facade codes are 32 bits on the device
-    switch (c) {
-        case ESV_ZEL_JOB_OK:
-            CMT_TRACE(kTraceFlow, "code = ESV_ZEL_JOB_OK");
-            return 0;
-        case ESV_ZEL_JOB_DUPL_OBSERVER:
-            CMT_TRACE(kTraceFlow, "code = ESV_ZEL_JOB_DUPL_OBSERVER");
-            return 2;
-        case ESV_ZEL_JOB_NO_OBSERVER:
-            CMT_TRACE(kTraceFlow, "code = ESV_ZEL_JOB_NO_OBSERVER");
-            return 3;
-        case ESV_ZEL_JOB_OUTPUT_PROHIBITING:
-            CMT_TRACE(kTraceFlow, "code = ESV_ZEL_JOB_OUTPUT_PROHIBITING");
-            return 4;
-        case ESV_ZEL_JOB_START_PROHIBITION:
-            CMT_TRACE(kTraceFlow, "code = ESV_ZEL_JOB_START_PROHIBITION");
-            return 5;
-        case ESV_ZEL_JOB_LIMIT:
-            CMT_TRACE(kTraceFlow, "code = ESV_ZEL_JOB_LIMIT");
-            return 6;
-        case ESV_ZEL_JOB_IPC_ERROR:
-            CMT_TRACE(kTraceFlow, "code = ESV_ZEL_JOB_IPC_ERROR");
-            return 7;
-        case ESV_ZEL_JOB_PARAM_ERROR:
-            CMT_TRACE(kTraceFlow, "code = ESV_ZEL_JOB_PARAM_ERROR");
-            return 8;
-        case ESV_ZEL_JOB_COPY_JOBINFO_LIMIT_OVER:
-            CMT_TRACE(kTraceFlow, "code = ESV_ZEL_JOB_COPY_JOBINFO_LIMIT_OVER");
-            return 9;
-        case ESV_ZEL_JOB_RET_NOT_COPY_JOBINFO:
-            CMT_TRACE(kTraceFlow, "code = ESV_ZEL_JOB_RET_NOT_COPY_JOBINFO");
-            return 10;
-        case ESV_ZEL_JOB_NO_CATEGORY:
-            CMT_TRACE(kTraceFlow, "code = ESV_ZEL_JOB_NO_CATEGORY");
-            return 11;
-        case ESV_ZEL_NO_HIT_JOB:
-            CMT_TRACE(kTraceFlow, "code = ESV_ZEL_NO_HIT_JOB");
-            return 12;
-        case ESV_ZEL_JOB_ORG_SIZE_UNDEFINED:
-            CMT_TRACE(kTraceFlow, "code = ESV_ZEL_JOB_ORG_SIZE_UNDEFINED");
-            return 13;
-        default:
-            // Also the facade's general failure 0x04010001: it has no row of its own.
-            CMT_TRACE(kTraceError, "code = unknown(0x%08lx)", static_cast<unsigned long>(static_cast<std::uint32_t>(c)));
-            return 1;
-    }
+    return cmt_convert_retcode(kConversion, static_cast<std::int32_t>(code));  // facade codes are 32 bits on the device
 }
 
 }  // namespace tarnwick

@@ -13,6 +13,16 @@ constexpr int kAccess = DVU_DIO_ACCESS;
 // Paths reach the library as the medium's bytes (see cmt_storage_name_from_java).
 std::string medium(const std::string& path) { return cmt_storage_name_from_java(path); }
 
+// One fact of `path` read from its status into `out`, which keeps its value when the status
+// cannot be read; the disk library's code.
+template <typename T, typename Fact>
+int stat_fact(int drive, const std::string& path, T& out, Fact fact) {
+    DVU_DIO_STAT status{};
+    const int rc = dvu_dio_stat(drive, kAccess, medium(path).c_str(), &status);
+    if (rc == 0) out = fact(status);
+    return rc;
+}
+
 }  // namespace
 
 // Values outside the tables (negative ones included) take the stated defaults: the enumerations
@@ -149,33 +159,19 @@ int CMT_StorageIO::fflush(unsigned long file) { return getReturnValue(dvu_dio_ff
 int CMT_StorageIO::close(unsigned long file) { return getReturnValue(dvu_dio_fclose(file)); }
 
 int CMT_StorageIO::is_directory(CMT_STORAGE_TYPE type, const std::string& path, bool& yes) {
-    DVU_DIO_STAT status{};
-    int rc = dvu_dio_stat(getDriveNumber(type), kAccess, medium(path).c_str(), &status);
-    if (rc == 0) yes = cmt_storage_is_directory(status);
-    return getReturnValue(rc);
+    return getReturnValue(stat_fact(getDriveNumber(type), path, yes, cmt_storage_is_directory));
 }
 
 int CMT_StorageIO::is_file(CMT_STORAGE_TYPE type, const std::string& path, bool& yes) {
-    DVU_DIO_STAT status{};
-    int rc = dvu_dio_stat(getDriveNumber(type), kAccess, medium(path).c_str(), &status);
-    if (rc == 0) yes = cmt_storage_is_file(status);
-    return getReturnValue(rc);
+    return getReturnValue(stat_fact(getDriveNumber(type), path, yes, cmt_storage_is_file));
 }
 
 int CMT_StorageIO::getfilesize(CMT_STORAGE_TYPE type, const std::string& path, unsigned long& size) {
-    DVU_DIO_STAT status{};
-    int rc = dvu_dio_stat(getDriveNumber(type), kAccess, medium(path).c_str(), &status);
-    if (rc != 0) return getReturnValue(rc);
-    size = cmt_storage_size(status);
-    return 0;
+    return getReturnValue(stat_fact(getDriveNumber(type), path, size, cmt_storage_size));
 }
 
 int CMT_StorageIO::getlastmodified(CMT_STORAGE_TYPE type, const std::string& path, unsigned long& time) {
-    DVU_DIO_STAT status{};
-    int rc = dvu_dio_stat(getDriveNumber(type), kAccess, medium(path).c_str(), &status);
-    if (rc != 0) return getReturnValue(rc);
-    time = cmt_storage_mtime(status);
-    return 0;
+    return getReturnValue(stat_fact(getDriveNumber(type), path, time, cmt_storage_mtime));
 }
 
 int CMT_StorageIO::setfileattribute(CMT_STORAGE_TYPE type, const std::string& path, int attributes) {

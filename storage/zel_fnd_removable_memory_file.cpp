@@ -1,6 +1,7 @@
 #include "zel_fnd_removable_memory_file.h"
 
 #include "CJvm.h"
+#include "tovr_builder.h"
 #include "tovr_jni.h"
 #include "tovr_jni_class.h"
 #include "zel_fnd_removable_memory_file_info.h"
@@ -21,14 +22,6 @@ jni::JavaClass& file() {
     return holder;
 }
 
-// Objects of other classes would corrupt the fields: refused as a Java cast would refuse them.
-bool accepts(JNIEnv* env, jobject obj, jclass cls, const char* what) {
-    if (env->IsInstanceOf(obj, cls)) return true;
-    jni::LocalRef<jclass> cce(env, env->FindClass("java/lang/ClassCastException"));
-    if (cce) env->ThrowNew(cce.get(), what);
-    return false;
-}
-
 }  // namespace
 
 zel_fnd_removable_memory_file::zel_fnd_removable_memory_file() {
@@ -41,14 +34,11 @@ zel_fnd_removable_memory_file::zel_fnd_removable_memory_file() {
 
 zel_fnd_removable_memory_file::~zel_fnd_removable_memory_file() {}
 
+// Objects of other classes would corrupt the fields.
 JNIEnv* zel_fnd_removable_memory_file::env_for(jobject obj) const {
-    if (!ready_ || obj == nullptr) return nullptr;
-    JNIEnv* env = CJvm::GetJNIEnv();
-    if (env == nullptr) return nullptr;
-    if (!accepts(env, obj, file().get(env), "file is not a tarnwick.zel.box.document.RemovableMemoryFileImpl")) {
-        return nullptr;
-    }
-    return env;
+    JNIEnv* env = obj != nullptr ? jni::builder_env(ready_) : nullptr;
+    const char* const refused = "file is not a tarnwick.zel.box.document.RemovableMemoryFileImpl";
+    return env != nullptr && jni::cast_check(env, obj, file().get(env), refused) ? env : nullptr;
 }
 
 jobject zel_fnd_removable_memory_file::make(JNIEnv* env) { return file().create(env, kInit); }
@@ -62,18 +52,16 @@ void zel_fnd_removable_memory_file::put_isfile(JNIEnv* env, jobject f, bool isfi
 }
 
 jobject zel_fnd_removable_memory_file::create_removable_memory_file() {
-    if (!ready_) return nullptr;
-    JNIEnv* env = CJvm::GetJNIEnv();
-    if (env == nullptr) return nullptr;
-    return make(env);
+    JNIEnv* env = jni::builder_env(ready_);
+    return env != nullptr ? make(env) : nullptr;
 }
 
 void zel_fnd_removable_memory_file::set_field_info(jobject f, jobject info) {
     JNIEnv* env = env_for(f);
     if (env == nullptr) return;
     if (info != nullptr &&
-        !accepts(env, info, zel_fnd_removable_memory_file_info::info_class(env),
-                 "info is not a tarnwick.zel.box.document.RemovableMemoryFileInfoImpl")) {
+        !jni::cast_check(env, info, zel_fnd_removable_memory_file_info::info_class(env),
+                         "info is not a tarnwick.zel.box.document.RemovableMemoryFileInfoImpl")) {
         return;
     }
     put_info(env, f, info);

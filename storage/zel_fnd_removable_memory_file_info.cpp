@@ -6,6 +6,7 @@
 
 #include "CJvm.h"
 #include "emw_clb_time.h"
+#include "tovr_builder.h"
 #include "tovr_field_text.h"
 #include "tovr_jni.h"
 #include "tovr_jni_class.h"
@@ -62,22 +63,16 @@ zel_fnd_removable_memory_file_info::~zel_fnd_removable_memory_file_info() {}
 jclass zel_fnd_removable_memory_file_info::info_class(JNIEnv* env) { return complete_info(env); }
 
 JNIEnv* zel_fnd_removable_memory_file_info::env_for(jobject obj) const {
-    if (!ready_ || obj == nullptr) return nullptr;
-    JNIEnv* env = CJvm::GetJNIEnv();
-    if (env == nullptr) return nullptr;
-    if (env->IsInstanceOf(obj, info().get(env))) return env;
-    jni::LocalRef<jclass> cce(env, env->FindClass("java/lang/ClassCastException"));
-    if (cce) env->ThrowNew(cce.get(), "not a tarnwick.zel.box.document.RemovableMemoryFileInfoImpl");
-    return nullptr;
+    JNIEnv* env = obj != nullptr ? jni::builder_env(ready_) : nullptr;
+    const char* const refused = "not a tarnwick.zel.box.document.RemovableMemoryFileInfoImpl";
+    return env != nullptr && jni::cast_check(env, obj, info().get(env), refused) ? env : nullptr;
 }
 
 jobject zel_fnd_removable_memory_file_info::make(JNIEnv* env) { return info().create(env, kInfoInit); }
 
 jobject zel_fnd_removable_memory_file_info::create_removable_memory_file_info() {
-    if (!ready_) return nullptr;
-    JNIEnv* env = CJvm::GetJNIEnv();
-    if (env == nullptr) return nullptr;
-    return make(env);
+    JNIEnv* env = jni::builder_env(ready_);
+    return env != nullptr ? make(env) : nullptr;
 }
 
 bool zel_fnd_removable_memory_file_info::put_text(JNIEnv* env, jobject obj, Text field, const char* text) {

@@ -1,5 +1,6 @@
 #include "cmt_account.h"
 
+#include <cstdint>
 #include <cstring>
 
 #include "cmt_trace.h"
@@ -22,6 +23,15 @@ int slot_of(int type, int mixmode) {
     if (mixmode == 1) return mixed[type];
     if (mixmode == 0) return separate[type];
     return kNoSlot;
+}
+
+// Stores `value` in the counter slot of `type` under `mixmode`, if it has one: 1, or 0 for a
+// job type outside 1 to 8.
+int set_slot(std::int32_t (&slots)[ESV_ZEL_DEPT_SLOT_NUM], int value, int type, int mixmode) {
+    int slot = slot_of(type, mixmode);
+    if (slot == kBadType) return 0;
+    if (slot != kNoSlot) slots[slot] = value;
+    return 1;
 }
 
 // Copies `text` into a field of N bytes: at most N-1 bytes, never part of a character, and a
@@ -67,18 +77,12 @@ ESV_ZEL_DEPT_DEPTINFO* cmt_account::get_deptinfo() { return &m_deptinfo; }
 
 int cmt_account::set_limit(int value, int type, int mixmode) {
     CMT_TRACE(kTraceFlow, "page = [%d], type = [%d], mixmode = [%d]", value, type, mixmode);
-    int slot = slot_of(type, mixmode);
-    if (slot == kBadType) return 0;
-    if (slot != kNoSlot) m_deptinfo.limit[slot] = value;
-    return 1;
+    return set_slot(m_deptinfo.limit, value, type, mixmode);
 }
 
 int cmt_account::set_restriction(int value, int type, int mixmode) {
     CMT_TRACE(kTraceFlow, "mode = [%d], type = [%d], mixmode = [%d]", value, type, mixmode);
-    int slot = slot_of(type, mixmode);
-    if (slot == kBadType) return 0;
-    if (slot != kNoSlot) m_deptinfo.restriction[slot] = value;
-    return 1;
+    return set_slot(m_deptinfo.restriction, value, type, mixmode);
 }
 
 int cmt_account::get_limit(int type) { return -2; }

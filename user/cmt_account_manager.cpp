@@ -9,16 +9,13 @@ namespace tarnwick {
 
 namespace {
 
-constexpr long kNotFound = 0x04010803;
-constexpr long kDuplicate = 0x04010804;
-
 esv_zel_dept_facade* facade() { return esv_zel_dept_facade::esv_zel_dept_get_instance(); }
 
 // Failures are traced by the facade's code, named where the manager knows it.
 void trace_failure(const char* operation, long rc) {
-    if (rc == kNotFound) {
+    if (rc == ESV_ZEL_DEPT_NOT_FOUND_ERROR) {
         CMT_TRACE_OP(kTraceError, operation, "result = ESV_ZEL_DEPT_NOT_FOUND_ERROR");
-    } else if (rc == kDuplicate) {
+    } else if (rc == ESV_ZEL_DEPT_DUPL_DEPT_ERROR) {
         CMT_TRACE_OP(kTraceError, operation, "result = ESV_ZEL_DEPT_DUPL_DEPT_ERROR");
     } else {
         CMT_TRACE_OP(kTraceError, operation, "result = [%d]", static_cast<int>(rc));
@@ -29,7 +26,7 @@ void trace_failure(const char* operation, long rc) {
 int outcome(const char* operation, long rc, bool not_found) {
     if (rc == 0) return 0;
     trace_failure(operation, rc);
-    return not_found && rc == kNotFound ? 2 : 3;
+    return not_found && rc == ESV_ZEL_DEPT_NOT_FOUND_ERROR ? 2 : 3;
 }
 
 }  // namespace
@@ -46,7 +43,7 @@ int cmt_account_manager::add(cmt_account* account) {
     long rc = facade()->esv_zel_dept_add_hide_dept(*account->get_deptinfo());
     if (rc == 0) return 0;
     trace_failure(__func__, rc);
-    return rc == kDuplicate ? 1 : 3;
+    return rc == ESV_ZEL_DEPT_DUPL_DEPT_ERROR ? 1 : 3;
 }
 
 int cmt_account_manager::update(cmt_account* account) {

@@ -9,15 +9,15 @@
 #include "tovr_jni.h"
 #include "tovr_jni_class.h"
 #include "zel_fnd_user_info.h"
+#include "zel_fnd_user_results.h"
 
 #define CMT_TRACE_MODULE "zel_fnd_authentication"
 
 namespace tarnwick {
 
-namespace {
+using namespace zel_fnd_user_result;
 
-constexpr long kFacadeInvalidPassword = 0x04010401;
-constexpr long kFacadeNotFound = 0x04010402;
+namespace {
 
 esv_zel_user_facade* facade() { return esv_zel_user_facade::esv_zel_user_get_instance(); }
 
@@ -35,50 +35,48 @@ constexpr jint kUserFrame = 16;
 
 unsigned int failure(const char* operation, long rc) {
     CMT_TRACE_OP(kTraceFlow, operation, "failed. result = [%d]", static_cast<int>(rc));
-    return zel_fnd_authentication::kFailure;
+    return kFailure;
 }
 
 // An answer that is success or failure.
 unsigned int result(const char* operation, long rc) {
     if (rc != 0) return failure(operation, rc);
     CMT_TRACE_OP(kTraceFlow, operation, "success. result = [%d]", static_cast<int>(rc));
-    return zel_fnd_authentication::kSuccess;
+    return kSuccess;
 }
 
 // A login's answer; an invalid password is told apart only where there is a password.
 unsigned int login_result(const char* operation, const char* word, long rc, unsigned long cert_id, bool password) {
-    using A = zel_fnd_authentication;
     if (rc == 0) {
         CMT_TRACE_OP(kTraceFlow, operation, "success. %s = [%d], cert_id = [%lu]", word, static_cast<int>(rc), cert_id);
-        return A::kSuccess;
+        return kSuccess;
     }
-    if (password && rc == kFacadeInvalidPassword) {
+    if (password && rc == ESV_ZEL_USER_INVALID_PASSWORD) {
         CMT_TRACE_OP(kTraceFlow, operation, "invalid password. %s = [%d]", word, static_cast<int>(rc));
-        return A::kInvalidPassword;
+        return kInvalidPassword;
     }
-    if (rc == kFacadeNotFound) {
+    if (rc == ESV_ZEL_USER_NOT_FOUND) {
         CMT_TRACE_OP(kTraceFlow, operation, "not found. %s = [%d]", word, static_cast<int>(rc));
-        return A::kNotFound;
+        return kNotFound;
     }
     CMT_TRACE_OP(kTraceFlow, operation, "failed. %s = [%d]", word, static_cast<int>(rc));
-    return A::kFailure;
+    return kFailure;
 }
 
 // A rights query's answer; `level` takes `value` on success. Every failure shares one text, the
 // one the two-string form was given.
 unsigned int rights_result(const char* operation, const char* word, long rc, ESV_ZEL_USER_RIGHTS value,
                            ZEL_FND_USER_ACCESS_LEVEL& level) {
-    using A = zel_fnd_authentication;
     if (rc == 0) {
         level.level = value;
         CMT_TRACE_OP(kTraceFlow, operation, "success. %s = [%d], level = [%d]", word, static_cast<int>(rc),
                      static_cast<int>(value));
-        return A::kSuccess;
+        return kSuccess;
     }
     CMT_TRACE_OP(kTraceFlow, operation, "failed. result = %d", static_cast<int>(rc));
-    if (rc == kFacadeInvalidPassword) return A::kInvalidPassword;
-    if (rc == kFacadeNotFound) return A::kNotFound;
-    return A::kFailure;
+    if (rc == ESV_ZEL_USER_INVALID_PASSWORD) return kInvalidPassword;
+    if (rc == ESV_ZEL_USER_NOT_FOUND) return kNotFound;
+    return kFailure;
 }
 
 }  // namespace

@@ -22,12 +22,6 @@ namespace tarnwick {
  */
 class zel_fnd_authentication {
 public:
-    // Module results.
-    static constexpr unsigned int kSuccess = 0;
-    static constexpr unsigned int kInvalidPassword = 1;
-    static constexpr unsigned int kNotFound = 2;
-    static constexpr unsigned int kFailure = 4;
-
     zel_fnd_authentication();
     virtual ~zel_fnd_authentication();
 

@@ -1,15 +1,15 @@
 #include "zel_fnd_user_account.h"
 
 #include "cmt_trace.h"
+#include "zel_fnd_user_results.h"
 
 #define CMT_TRACE_MODULE "zel_fnd_user_account"
 
 namespace tarnwick {
 
-namespace {
+using namespace zel_fnd_user_result;
 
-constexpr long kFacadeNotFound = 0x04010402;
-constexpr long kFacadeDuplicate = 0x04010405;
+namespace {
 
 esv_zel_user_facade* facade() { return esv_zel_user_facade::esv_zel_user_get_instance(); }
 
@@ -18,18 +18,18 @@ esv_zel_user_facade* facade() { return esv_zel_user_facade::esv_zel_user_get_ins
 unsigned int outcome(const char* operation, long rc, bool not_found, bool duplicate) {
     if (rc == 0) {
         CMT_TRACE_OP(kTraceFlow, operation, "success. retcode = [%d]", static_cast<int>(rc));
-        return zel_fnd_user_account::kSuccess;
+        return kSuccess;
     }
-    if (not_found && rc == kFacadeNotFound) {
+    if (not_found && rc == ESV_ZEL_USER_NOT_FOUND) {
         CMT_TRACE_OP(kTraceFlow, operation, "not found. retcode = [%d]", static_cast<int>(rc));
-        return zel_fnd_user_account::kNotFound;
+        return kNotFound;
     }
-    if (duplicate && rc == kFacadeDuplicate) {
+    if (duplicate && rc == ESV_ZEL_USER_DUPLICATE) {
         CMT_TRACE_OP(kTraceFlow, operation, "duplicate id. retcode = [%d]", static_cast<int>(rc));
-        return zel_fnd_user_account::kDuplicate;
+        return kDuplicate;
     }
     CMT_TRACE_OP(kTraceFlow, operation, "failed. retcode = [%d]", static_cast<int>(rc));
-    return zel_fnd_user_account::kFailure;
+    return kFailure;
 }
 
 }  // namespace

@@ -16,12 +16,6 @@ namespace tarnwick {
  */
 class zel_fnd_user_account {
 public:
-    // Results.
-    static constexpr unsigned int kSuccess = 0;
-    static constexpr unsigned int kNotFound = 2;
-    static constexpr unsigned int kDuplicate = 3;
-    static constexpr unsigned int kFailure = 4;
-
     zel_fnd_user_account();
     virtual ~zel_fnd_user_account();
 

@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "CJvm.h"
+#include "tovr_builder.h"
 #include "tovr_jni.h"
 #include "tovr_jni_class.h"
 
@@ -89,10 +90,8 @@ jobject zel_fnd_user_info::make_user(JNIEnv* env) {
 }
 
 jobject zel_fnd_user_info::create_user_info() {
-    if (!ready_) return nullptr;
-    JNIEnv* env = CJvm::GetJNIEnv();
-    if (env == nullptr) return nullptr;
-    return make_user(env);
+    JNIEnv* env = jni::builder_env(ready_);
+    return env != nullptr ? make_user(env) : nullptr;
 }
 
 // A null text makes an attribute holding null. The string and the attribute are local references
@@ -137,8 +136,7 @@ void zel_fnd_user_info::put_access_level(JNIEnv* env, jobject user, ESV_ZEL_USER
 // Only a UserImpl is given the call: a null or foreign object would make the VM call a method on
 // an object that does not have it.
 JNIEnv* zel_fnd_user_info::env_for(jobject user) const {
-    if (!ready_ || user == nullptr) return nullptr;
-    JNIEnv* env = CJvm::GetJNIEnv();
+    JNIEnv* env = user != nullptr ? jni::builder_env(ready_) : nullptr;
     if (env == nullptr) return nullptr;
     jclass cls = user_class().get(env);
     if (cls == nullptr || !env->IsInstanceOf(user, cls)) return nullptr;

@@ -22,16 +22,8 @@ using namespace tarnwick;
              unsigned int create_hide_user, unsigned int update_hide_user, unsigned int remove_hide_user,
              unsigned int remove_all_hide_user };
 
-// Kept inside the library: the facade itself and the result constants of the classes.
+// Kept inside the library: the facade itself.
 %ignore tarnwick::esv_zel_user_facade;
-%ignore tarnwick::zel_fnd_authentication::kSuccess;
-%ignore tarnwick::zel_fnd_authentication::kInvalidPassword;
-%ignore tarnwick::zel_fnd_authentication::kNotFound;
-%ignore tarnwick::zel_fnd_authentication::kFailure;
-%ignore tarnwick::zel_fnd_user_account::kSuccess;
-%ignore tarnwick::zel_fnd_user_account::kNotFound;
-%ignore tarnwick::zel_fnd_user_account::kDuplicate;
-%ignore tarnwick::zel_fnd_user_account::kFailure;
 
 %include "esv_zel_user_facade.h"
 %include "zel_fnd_user_records.h"
