@@ -25,10 +25,7 @@ struct Book {
     int limit = kDefaultAddressSearchLimit;
 };
 
-Book& book() {
-    static Book* b = new Book;  // outlives static destruction
-    return *b;
-}
+Book& book() { return lasting<Book>(); }
 
 char fold(char c) { return (c >= 'a' && c <= 'z') ? static_cast<char>(c - 'a' + 'A') : c; }
 

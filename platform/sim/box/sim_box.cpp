@@ -34,10 +34,7 @@ struct Box {
     int max_listings = kDefaultMaxListings;
 };
 
-Box& box() {
-    static Box* b = new Box;  // leaked: may be reached at exit
-    return *b;
-}
+Box& box() { return lasting<Box>(); }
 
 std::vector<std::string> split(const std::string& path) {
     std::vector<std::string> parts;

@@ -9,6 +9,7 @@
 #include "sim_core_internal.h"
 #include "tovr_sim_platform.h"
 #include "tovr_sim_record.h"
+#include "tovr_sim_services.h"
 
 namespace tovr_sim {
 namespace {
@@ -19,20 +20,14 @@ struct Memory {
     int fail_alloc = 0;
 };
 
-Memory& memory() {
-    static Memory* m = new Memory;  // leaked: blocks may be freed at exit
-    return *m;
-}
+Memory& memory() { return lasting<Memory>(); }
 
 struct Resources {
     std::mutex mutex;
     std::map<std::string, int> open;
 };
 
-Resources& resources() {
-    static Resources* r = new Resources;
-    return *r;
-}
+Resources& resources() { return lasting<Resources>(); }
 
 }  // namespace
 

@@ -10,17 +10,11 @@
 
 namespace tovr_sim {
 
-JobFacade& job_facade() {
-    static JobFacade* f = new JobFacade("job");  // outlives static destruction
-    return *f;
-}
+JobFacade& job_facade() { return JobFacade::instance("job"); }
 
 namespace jobsim {
 
-Device& device() {
-    static Device* d = new Device;  // leaked: device threads may run at exit
-    return *d;
-}
+Device& device() { return lasting<Device>(); }
 
 }  // namespace jobsim
 }  // namespace tovr_sim

@@ -15,10 +15,7 @@ struct Services {
     std::map<int, std::string> holders;
 };
 
-Services& services() {
-    static Services* s = new Services;  // outlives static destruction
-    return *s;
-}
+Services& services() { return lasting<Services>(); }
 
 bool known_kind(int kind) { return kind >= ESV_ZEL_WEBSERVICE_KIND_SCAN && kind <= ESV_ZEL_WEBSERVICE_KIND_DEVICE; }
 
