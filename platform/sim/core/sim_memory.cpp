@@ -57,10 +57,10 @@ void resource_opened(const std::string& kind) {
     ++r.open[kind];
 }
 
-void resource_closed(const std::string& kind) {
+void resource_closed(const std::string& kind, std::size_t count) {
     Resources& r = resources();
     std::lock_guard<std::mutex> lock(r.mutex);
-    --r.open[kind];
+    r.open[kind] -= static_cast<int>(count);
 }
 
 int open_resources(const std::string& kind) {

@@ -239,9 +239,9 @@ void reset_locked_all() {
     std::lock_guard<std::mutex> lock(s.mutex);
     for (auto& [h, f] : s.files) {
         if (f.fd >= 0) ::close(f.fd);
-        resource_closed(kFileHandle);
     }
-    for (std::size_t i = 0; i < s.dirs.size(); ++i) resource_closed(kDirectoryHandle);
+    resource_closed(kFileHandle, s.files.size());
+    resource_closed(kDirectoryHandle, s.dirs.size());
     s.files.clear();
     s.dirs.clear();
     s.attrs.clear();

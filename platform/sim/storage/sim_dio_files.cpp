@@ -150,14 +150,7 @@ int dvu_dio_fflush(unsigned long file) {
 
 int dvu_dio_fclose(unsigned long file) {
     TOVR_SIM_RECORD(int, file);
-    Storage& s = storage();
-    std::lock_guard<std::mutex> lock(s.mutex);
-    auto it = s.files.find(file);
-    if (it == s.files.end()) return DVU_DIO_ERR_BAD_HANDLE;
-    ::close(it->second.fd);
-    s.files.erase(it);
-    tovr_sim::resource_closed(tovr_sim::kFileHandle);
-    return DVU_DIO_OK;
+    return tovr_sim::dio::close_handle(&Storage::files, file, tovr_sim::kFileHandle, [](OpenFile& f) { ::close(f.fd); });
 }
 
 int dvu_dio_stat(int drive, int access, const char* path, DVU_DIO_STAT* status) {

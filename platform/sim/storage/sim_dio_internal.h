@@ -107,6 +107,21 @@ struct PathCall {
     int rc;
 };
 
+// Closes handle `h` of `handles` (the open files or directories), an open resource of `kind`:
+// `close` runs on its entry first. DVU_DIO_ERR_BAD_HANDLE for a handle that is not open.
+template <typename Entry, typename Close>
+int close_handle(std::map<unsigned long, Entry> Storage::*handles, unsigned long h, const char* kind, Close close) {
+    Storage& s = storage();
+    std::lock_guard<std::mutex> lock(s.mutex);
+    auto& open = s.*handles;
+    auto it = open.find(h);
+    if (it == open.end()) return DVU_DIO_ERR_BAD_HANDLE;
+    close(it->second);
+    open.erase(it);
+    resource_closed(kind);
+    return DVU_DIO_OK;
+}
+
 inline std::string attr_key(int drive, const std::string& rel) { return std::to_string(drive) + ":" + rel; }
 inline bool exists(const Where& w, struct stat* st) { return ::stat(w.host.c_str(), st) == 0; }
 
