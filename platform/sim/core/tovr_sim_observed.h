@@ -5,6 +5,8 @@
 #include <functional>
 #include <future>
 #include <memory>
+#include <tuple>
+#include <type_traits>
 
 #include "tovr_sim_record.h"
 #include "tovr_sim_services.h"
@@ -59,6 +61,24 @@ public:
 private:
     ObserverSet<Observer> observers_;
     FacadeThread* thread_;  // lives as long as the process
+};
+
+// Raising one notification of an observer: Notifier<Facade, Notify>::raise(args...) calls the
+// member `Notify` of every observer of the facade that `Facade()` answers, on the facade's thread
+// (ObservedFacade::raise), and answers the observers' answers. A service's control header names
+// it after the notification (tovr_sim_common.h). Each observer is given its own copy of the
+// arguments, as a notification may take one by reference.
+template <auto Facade, auto Notify, typename = decltype(Notify)>
+struct Notifier;
+
+template <auto Facade, auto Notify, typename Observer, typename R, typename... P>
+struct Notifier<Facade, Notify, R (Observer::*)(P...)> {
+    static Answers raise(std::decay_t<P>... args) {
+        return Facade().raise([=](Observer* o) {
+            std::tuple<std::decay_t<P>...> own(args...);
+            return static_cast<unsigned long>(std::apply([o](auto&... a) { return (o->*Notify)(a...); }, own));
+        });
+    }
 };
 
 }  // namespace tovr_sim

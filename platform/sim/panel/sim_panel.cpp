@@ -7,14 +7,6 @@ namespace tovr_sim {
 
 PanelFacade& panel_facade() { return PanelFacade::instance("panel"); }
 
-Answers raise_key_event(unsigned int id, ESV_ZEL_PANEL_KEY_EVENT event) {
-    return panel_facade().raise([=](tarnwick::esv_zel_panel_observer* o) { return o->notify_key_event(id, event); });
-}
-
-Answers raise_auto_panel_reset() {
-    return panel_facade().raise([](tarnwick::esv_zel_panel_observer* o) { return o->notify_auto_panel_reset(); });
-}
-
 }  // namespace tovr_sim
 
 namespace tarnwick {
