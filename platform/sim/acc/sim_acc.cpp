@@ -8,14 +8,9 @@
 
 namespace tovr_sim {
 
-AccFacade& acc_facade() {
-    static AccFacade* f = new AccFacade("acc");  // outlives static destruction
-    return *f;
-}
+AccFacade& acc_facade() { return AccFacade::instance("acc"); }
 
 namespace {
-const bool registered = register_service(Service{"acc", reset_acc_reader, [] { return acc_facade().observers().size(); }});
-
 // Observer codes are 32-bit values on the device.
 unsigned long code(int answer) { return static_cast<unsigned long>(static_cast<std::uint32_t>(answer)); }
 }  // namespace
@@ -66,6 +61,6 @@ std::vector<Output> felica_outputs(int index, const ESV_ZEL_ACC_FELICA_SETTING_I
 
 namespace tarnwick {
 
-TOVR_SIM_OBSERVED_FACADE(acc, tovr_sim::acc_facade())
+TOVR_SIM_OBSERVED_FACADE(acc, tovr_sim::acc_facade(), tovr_sim::reset_acc_reader)
 
 }  // namespace tarnwick

@@ -1,5 +1,5 @@
 // JNI side of tarnwick.sim.SimAcc: converts the arguments and calls the access-control facade's
-// control interface (tovr_sim_acc.h).
+// control interface (tovr_sim_acc.h). Its notifications are bound in common/sim_events_jni.cpp.
 #include <jni.h>
 
 #include <string>
@@ -8,7 +8,6 @@
 #include "sim_jni.h"
 #include "tovr_sim_acc.h"
 
-using tovr_sim_jni::answers;
 using tovr_sim_jni::strings;
 using tovr_sim_jni::text;
 
@@ -30,23 +29,6 @@ JNIEXPORT jboolean JNICALL Java_tarnwick_sim_SimAcc_writeCardData(JNIEnv* env, j
                                          std::vector<unsigned char>(data.begin(), data.end()))
                ? JNI_TRUE
                : JNI_FALSE;
-}
-
-JNIEXPORT jlongArray JNICALL Java_tarnwick_sim_SimAcc_iccardDetect(JNIEnv* env, jclass, jstring card_id, jlong card_type,
-                                                                   jint card_data_size, jint blkid) {
-    return answers(env, tovr_sim::raise_iccard_detect(text(env, card_id), static_cast<std::uint32_t>(card_type),
-                                                      static_cast<std::uint16_t>(card_data_size), blkid));
-}
-
-JNIEXPORT jlongArray JNICALL Java_tarnwick_sim_SimAcc_iccardReadError(JNIEnv* env, jclass, jint code) {
-    return answers(env, tovr_sim::raise_iccard_read_error(code));
-}
-
-JNIEXPORT jlongArray JNICALL Java_tarnwick_sim_SimAcc_iccardStateChange(JNIEnv* env, jclass, jint product_id,
-                                                                        jint vendor_id, jint card_types, jint state) {
-    return answers(env, tovr_sim::raise_iccard_state_change(static_cast<std::uint16_t>(product_id),
-                                                            static_cast<std::uint16_t>(vendor_id),
-                                                            static_cast<std::uint8_t>(card_types), state));
 }
 
 JNIEXPORT jint JNICALL Java_tarnwick_sim_SimAcc_plugReader(JNIEnv*, jclass, jboolean present) {

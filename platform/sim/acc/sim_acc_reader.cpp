@@ -34,10 +34,7 @@ struct Reader {
     Reader() { defaults(); }
 };
 
-Reader& reader() {
-    static Reader* r = new Reader;  // outlives static destruction
-    return *r;
-}
+Reader& reader() { return lasting<Reader>(); }
 
 // A code fits its field of the record with its terminating zero.
 bool fits(const ESV_ZEL_ACC_FELICA_SETTING_INFO& info) {

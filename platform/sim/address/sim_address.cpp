@@ -25,10 +25,7 @@ struct Book {
     int limit = kDefaultAddressSearchLimit;
 };
 
-Book& book() {
-    static Book* b = new Book;  // outlives static destruction
-    return *b;
-}
+Book& book() { return lasting<Book>(); }
 
 char fold(char c) { return (c >= 'a' && c <= 'z') ? static_cast<char>(c - 'a' + 'A') : c; }
 
@@ -47,7 +44,7 @@ bool matches(const ESV_ZEL_PERSONAL_ADDRESS& e, const char* key) {
 void reset_address_book() {
     Book& b = book();
     std::lock_guard<std::mutex> lock(b.mutex);
-    for (std::size_t i = 0; i < b.searches.size(); ++i) resource_closed(kAddressSearch);
+    resource_closed(kAddressSearch, b.searches.size());
     b.searches.clear();
     b.entries.clear();
     b.entries.shrink_to_fit();

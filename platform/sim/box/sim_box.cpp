@@ -34,10 +34,7 @@ struct Box {
     int max_listings = kDefaultMaxListings;
 };
 
-Box& box() {
-    static Box* b = new Box;  // leaked: may be reached at exit
-    return *b;
-}
+Box& box() { return lasting<Box>(); }
 
 std::vector<std::string> split(const std::string& path) {
     std::vector<std::string> parts;
@@ -145,7 +142,7 @@ void box_set_listing_limit(int max_listings) {
 void box_reset() {
     box::Box& b = box::box();
     std::lock_guard<std::mutex> lock(b.mutex);
-    for (std::size_t i = 0; i < b.listings.size(); ++i) resource_closed(kBoxListing);
+    resource_closed(kBoxListing, b.listings.size());
     b.listings.clear();
     b.root.children.clear();
     b.max_listings = kDefaultMaxListings;

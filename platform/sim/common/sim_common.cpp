@@ -4,19 +4,12 @@
 
 namespace tovr_sim {
 
-CommonFacade& common_facade() {
-    static CommonFacade* f = new CommonFacade("common");  // outlives static destruction
-    return *f;
-}
-
-namespace {
-const bool registered = register_service(Service{"common", reset_power, [] { return common_facade().observers().size(); }});
-}  // namespace
+CommonFacade& common_facade() { return CommonFacade::instance("common"); }
 
 }  // namespace tovr_sim
 
 namespace tarnwick {
 
-TOVR_SIM_OBSERVED_FACADE(common, tovr_sim::common_facade())
+TOVR_SIM_OBSERVED_FACADE(common, tovr_sim::common_facade(), tovr_sim::reset_power)
 
 }  // namespace tarnwick

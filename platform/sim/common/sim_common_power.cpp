@@ -30,10 +30,7 @@ struct Power {
     }
 };
 
-Power& power() {
-    static Power* p = new Power;  // outlives static destruction
-    return *p;
-}
+Power& power() { return lasting<Power>(); }
 
 }  // namespace
 

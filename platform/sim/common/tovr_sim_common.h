@@ -19,23 +19,28 @@ using CommonFacade = ObservedFacade<tarnwick::esv_zel_common_observer>;
 CommonFacade& common_facade();
 
 // ---------------------------------------------------------------------------------------------
-// Notifications (esv_zel_common_observer)
+// Notifications (esv_zel_common_observer): each raise_* takes the arguments of the observer
+// member it raises.
 
-Answers raise_key_card_status(unsigned char status);
-Answers raise_key_counter_status(unsigned int status);
-Answers raise_resident_app_state_changed(ESV_ZEL_REQ_APP_STATE state);
-Answers raise_waste_toner_bottle_status(unsigned char status);
-Answers raise_cover_status(unsigned int status);
-Answers raise_paper_rest_status(unsigned short source, unsigned char level);
-Answers raise_toner_status(unsigned char first, unsigned char second);
-Answers raise_coin_vender_status(unsigned int status);
-Answers raise_usb_memory_status(unsigned int status);
-Answers raise_sleep(ESV_ZEL_EVENT_SLEEP_STATE state);
-Answers raise_pbp_connection_error(ESV_ZEL_EVENT_CONNECTION_ERROR error);
-Answers raise_logout(unsigned long reason);
-Answers raise_network_state_changed(ESV_ZEL_NETWORK_TYPE type);
-Answers raise_service_state_changed(ESV_ZEL_ACCEPTANCE_TYPE type);
-Answers raise_request_activate(ESV_ZEL_KIND_OF_SCENARIO scenario, unsigned int value);
+template <auto Notify>
+constexpr auto common_notification = &Notifier<common_facade, Notify>::raise;
+using CommonObserver = tarnwick::esv_zel_common_observer;
+
+constexpr auto raise_key_card_status = common_notification<&CommonObserver::notify_key_card_status>;
+constexpr auto raise_key_counter_status = common_notification<&CommonObserver::notify_key_counter_status>;
+constexpr auto raise_resident_app_state_changed = common_notification<&CommonObserver::notify_resident_app_state_changed>;
+constexpr auto raise_waste_toner_bottle_status = common_notification<&CommonObserver::notify_waste_toner_bottle_status>;
+constexpr auto raise_cover_status = common_notification<&CommonObserver::notify_cover_status>;
+constexpr auto raise_paper_rest_status = common_notification<&CommonObserver::notify_paper_rest_status>;
+constexpr auto raise_toner_status = common_notification<&CommonObserver::notify_toner_status>;
+constexpr auto raise_coin_vender_status = common_notification<&CommonObserver::notify_coin_vender_status>;
+constexpr auto raise_usb_memory_status = common_notification<&CommonObserver::notify_usb_memory_status>;
+constexpr auto raise_sleep = common_notification<&CommonObserver::notify_sleep>;
+constexpr auto raise_pbp_connection_error = common_notification<&CommonObserver::notify_pbp_connection_error>;
+constexpr auto raise_logout = common_notification<&CommonObserver::notify_logout>;
+constexpr auto raise_network_state_changed = common_notification<&CommonObserver::network_state_changed>;
+constexpr auto raise_service_state_changed = common_notification<&CommonObserver::service_state_changed>;
+constexpr auto raise_request_activate = common_notification<&CommonObserver::request_activate>;
 
 // ---------------------------------------------------------------------------------------------
 // Power and certificates. Answers are in the system-information code space.

@@ -5,6 +5,7 @@
 
 #include "sim_core_internal.h"
 #include "tovr_sim_record.h"
+#include "tovr_sim_services.h"
 
 namespace tovr_sim {
 namespace {
@@ -27,10 +28,7 @@ struct Record {
     std::map<std::string, std::deque<Forced>> forced;
 };
 
-Record& record_state() {
-    static Record* r = new Record;
-    return *r;
-}
+Record& record_state() { return lasting<Record>(); }
 
 // Keeps at most `limit` calls, dropping (and counting) the oldest.
 void trim_locked(Record& r) {

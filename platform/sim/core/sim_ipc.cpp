@@ -9,6 +9,7 @@
 #include "emw_osw_mem.h"
 #include "tovr_sim_platform.h"
 #include "tovr_sim_record.h"
+#include "tovr_sim_services.h"
 
 namespace tovr_sim {
 namespace {
@@ -25,10 +26,7 @@ struct Partitions {
     std::map<unsigned long, std::string> names;  // handle -> name
 };
 
-Partitions& partitions() {
-    static Partitions* p = new Partitions;  // leaked: the partitions live as long as the process
-    return *p;
-}
+Partitions& partitions() { return lasting<Partitions>(); }
 
 // Maps `size` bytes so that they end right at a PROT_NONE page.
 unsigned char* map_guarded(std::size_t size) {

@@ -9,6 +9,7 @@
 #include "sim_core_internal.h"
 #include "tovr_sim_platform.h"
 #include "tovr_sim_record.h"
+#include "tovr_sim_services.h"
 
 namespace tovr_sim {
 namespace {
@@ -19,20 +20,14 @@ struct Memory {
     int fail_alloc = 0;
 };
 
-Memory& memory() {
-    static Memory* m = new Memory;  // leaked: blocks may be freed at exit
-    return *m;
-}
+Memory& memory() { return lasting<Memory>(); }
 
 struct Resources {
     std::mutex mutex;
     std::map<std::string, int> open;
 };
 
-Resources& resources() {
-    static Resources* r = new Resources;
-    return *r;
-}
+Resources& resources() { return lasting<Resources>(); }
 
 }  // namespace
 
@@ -62,10 +57,10 @@ void resource_opened(const std::string& kind) {
     ++r.open[kind];
 }
 
-void resource_closed(const std::string& kind) {
+void resource_closed(const std::string& kind, std::size_t count) {
     Resources& r = resources();
     std::lock_guard<std::mutex> lock(r.mutex);
-    --r.open[kind];
+    r.open[kind] -= static_cast<int>(count);
 }
 
 int open_resources(const std::string& kind) {

@@ -8,6 +8,7 @@
 #include "sim_core_internal.h"
 #include "tovr_sim_outputs.h"
 #include "tovr_sim_record.h"
+#include "tovr_sim_services.h"
 
 namespace tovr_sim {
 namespace {
@@ -121,10 +122,7 @@ struct Refusals {
     std::vector<std::string> lines;
 };
 
-Refusals& refusals() {
-    static Refusals* r = new Refusals;  // leaked: forcings may run at exit
-    return *r;
-}
+Refusals& refusals() { return lasting<Refusals>(); }
 
 void refuse(const std::string& op, long long index, const std::string& why) {
     Refusals& r = refusals();

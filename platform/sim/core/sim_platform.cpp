@@ -8,6 +8,7 @@
 #include "sys_prcm.h"
 #include "tovr_sim_platform.h"
 #include "tovr_sim_record.h"
+#include "tovr_sim_services.h"
 
 namespace tovr_sim {
 namespace {
@@ -17,10 +18,7 @@ struct Registrations {
     std::vector<ProcessRegistration> list;
 };
 
-Registrations& registrations() {
-    static Registrations* r = new Registrations;  // leaked: registration may come at any time
-    return *r;
-}
+Registrations& registrations() { return lasting<Registrations>(); }
 
 std::recursive_mutex& guard() {
     static std::recursive_mutex* g = new std::recursive_mutex;

@@ -14,10 +14,7 @@ struct Registry {
     std::map<std::string, Service> by_name;  // name order: the order of resets
 };
 
-Registry& registry() {
-    static Registry* r = new Registry;  // filled at static initialisation of every service
-    return *r;
-}
+Registry& registry() { return lasting<Registry>(); }
 
 }  // namespace
 

@@ -8,6 +8,7 @@
 #include <mutex>
 
 #include "emw_gen_trc.h"
+#include "tovr_sim_services.h"
 #include "tovr_sim_trace.h"
 
 namespace tovr_sim {
@@ -18,10 +19,7 @@ struct Trace {
     std::deque<TraceLine> lines;
 };
 
-Trace& trace() {
-    static Trace* t = new Trace;  // leaked: the library traces until the process ends
-    return *t;
-}
+Trace& trace() { return lasting<Trace>(); }
 
 }  // namespace
 

@@ -5,8 +5,11 @@
 #include <functional>
 #include <future>
 #include <memory>
+#include <tuple>
+#include <type_traits>
 
 #include "tovr_sim_record.h"
+#include "tovr_sim_services.h"
 #include "tovr_sim_threads.h"
 
 namespace tovr_sim {
@@ -17,6 +20,13 @@ template <typename Observer>
 class ObservedFacade {
 public:
     explicit ObservedFacade(const char* thread_name) : thread_(new FacadeThread(thread_name)) {}
+
+    // The one facade of these observers, its thread named `thread_name` when it is first made;
+    // never destroyed, as observers may leave and device threads run during static destruction.
+    static ObservedFacade& instance(const char* thread_name) {
+        static ObservedFacade* f = new ObservedFacade(thread_name);
+        return *f;
+    }
 
     ObserverSet<Observer>& observers() { return observers_; }
 
@@ -53,12 +63,35 @@ private:
     FacadeThread* thread_;  // lives as long as the process
 };
 
+// Raising one notification of an observer: Notifier<Facade, Notify>::raise(args...) calls the
+// member `Notify` of every observer of the facade that `Facade()` answers, on the facade's thread
+// (ObservedFacade::raise), and answers the observers' answers. A service's control header names
+// it after the notification (tovr_sim_common.h). Each observer is given its own copy of the
+// arguments, as a notification may take one by reference.
+template <auto Facade, auto Notify, typename = decltype(Notify)>
+struct Notifier;
+
+template <auto Facade, auto Notify, typename Observer, typename R, typename... P>
+struct Notifier<Facade, Notify, R (Observer::*)(P...)> {
+    static Answers raise(std::decay_t<P>... args) {
+        return Facade().raise([=](Observer* o) {
+            std::tuple<std::decay_t<P>...> own(args...);
+            return static_cast<unsigned long>(std::apply([o](auto&... a) { return (o->*Notify)(a...); }, own));
+        });
+    }
+};
+
 }  // namespace tovr_sim
 
 // The members of the simulated facade esv_zel_<AREA>_facade whose observers `OBSERVED` (an
 // ObservedFacade) keeps and which answers every registration 0: its one instance, and its
-// add_observer and remove_observer, each recorded as a call.
-#define TOVR_SIM_OBSERVED_FACADE(AREA, OBSERVED)                                                           \
+// add_observer and remove_observer, each recorded as a call; and its service "<AREA>"
+// (tovr_sim_services.h), returned to a fresh device by `RESET`.
+#define TOVR_SIM_OBSERVED_FACADE(AREA, OBSERVED, RESET)                                                    \
+    namespace {                                                                                             \
+    const bool registered_##AREA = tovr_sim::register_service(                                             \
+        tovr_sim::Service{#AREA, RESET, [] { return OBSERVED.observers().size(); }});                       \
+    }                                                                                                       \
     TOVR_SIM_FACADE_INSTANCE(AREA)                                                                          \
     unsigned long esv_zel_##AREA##_facade::esv_zel_##AREA##_add_observer(esv_zel_##AREA##_observer* observer) {    \
         TOVR_SIM_RECORD(unsigned long, observer);                                                           \

@@ -26,7 +26,8 @@ void fail_alloc(int times = 1);
 // Open resources of the simulated device by kind ("platform block" is counted by the memory
 // functions themselves; facades count their own list handles, file handles, cursors ...), so
 // a test can assert that nothing was left open. A facade calls resource_opened when it hands a
-// resource out and resource_closed when the library gives it back.
+// resource out and resource_closed when the library gives it back (or a reset drops `count`
+// of them at once).
 // Kinds in use: kPlatformBlock; kListHandle for the walking lists and list handles of the
 // facades (the job-information facade's send and receive lists among them); kFileHandle for
 // open files.
@@ -34,7 +35,7 @@ constexpr const char* kPlatformBlock = "platform block";
 constexpr const char* kListHandle = "list handle";
 constexpr const char* kFileHandle = "file handle";
 void resource_opened(const std::string& kind);
-void resource_closed(const std::string& kind);
+void resource_closed(const std::string& kind, std::size_t count = 1);
 int open_resources(const std::string& kind);
 
 // Named IPC partitions (emwOSWIpcCreateMemPart; its result and that of

@@ -30,6 +30,16 @@ void reset_all();
 // Observers registered with a facade by its service name; -1 for a name no service has.
 long observer_count(const std::string& service);
 
+// The one `State` of a service or of the core, made on first use and never destroyed: facade
+// and device threads, the library's exit handlers and late frees reach it until the process
+// ends, and it may be first used during another source's static initialisation. `State` is a
+// type of the caller's own: every user of one type shares its one object.
+template <typename State>
+State& lasting() {
+    static State* s = new State;
+    return *s;
+}
+
 // A control that sets one answer of a service's state under the state's lock: `value` kept
 // under `key`, or the key forgotten when `value` is the empty one (0, an empty name).
 template <typename Map, typename Value>

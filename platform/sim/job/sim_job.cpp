@@ -10,17 +10,11 @@
 
 namespace tovr_sim {
 
-JobFacade& job_facade() {
-    static JobFacade* f = new JobFacade("job");  // outlives static destruction
-    return *f;
-}
+JobFacade& job_facade() { return JobFacade::instance("job"); }
 
 namespace jobsim {
 
-Device& device() {
-    static Device* d = new Device;  // leaked: device threads may run at exit
-    return *d;
-}
+Device& device() { return lasting<Device>(); }
 
 }  // namespace jobsim
 }  // namespace tovr_sim
@@ -62,12 +56,11 @@ long esv_zel_job_facade::esv_zel_job_generate_jobinfo(ESV_ZEL_JOB_PHB_CATEGORY f
 
 long esv_zel_job_facade::esv_zel_job_get_value(unsigned int current_id, ESV_ZEL_JOB_SETTING data_id, unsigned int& val) {
     TOVR_SIM_RECORD(long, current_id, data_id, val);
-    Device& d = device();
-    std::lock_guard<std::mutex> lock(d.mutex);
-    auto it = d.sets.find(current_id);
-    if (it == d.sets.end() || !known_num(data_id)) return ESV_ZEL_JOB_PARAM_ERROR;
-    val = it->second.work.nums[data_id];
-    return ESV_ZEL_JOB_OK;
+    if (!known_num(data_id)) return ESV_ZEL_JOB_PARAM_ERROR;
+    return use_set(current_id, [&](Device&, Set& s) {
+        val = s.work.nums[data_id];
+        return long{ESV_ZEL_JOB_OK};
+    });
 }
 
 long esv_zel_job_facade::esv_zel_job_set_value(unsigned int current_id, ESV_ZEL_JOB_SETTING data_id, unsigned int val) {
@@ -82,12 +75,11 @@ long esv_zel_job_facade::esv_zel_job_set_value(unsigned int current_id, ESV_ZEL_
 
 long esv_zel_job_facade::esv_zel_job_get_value(unsigned int current_id, ESV_ZEL_JOB_SETTING data_id, std::string& val) {
     TOVR_SIM_RECORD(long, current_id, data_id, val);
-    Device& d = device();
-    std::lock_guard<std::mutex> lock(d.mutex);
-    auto it = d.sets.find(current_id);
-    if (it == d.sets.end() || !known_text(data_id)) return ESV_ZEL_JOB_PARAM_ERROR;
-    val = it->second.work.texts[data_id];
-    return ESV_ZEL_JOB_OK;
+    if (!known_text(data_id)) return ESV_ZEL_JOB_PARAM_ERROR;
+    return use_set(current_id, [&](Device&, Set& s) {
+        val = s.work.texts[data_id];
+        return long{ESV_ZEL_JOB_OK};
+    });
 }
 
 long esv_zel_job_facade::esv_zel_job_set_value(unsigned int current_id, ESV_ZEL_JOB_SETTING data_id, std::string val) {
@@ -102,15 +94,14 @@ long esv_zel_job_facade::esv_zel_job_set_value(unsigned int current_id, ESV_ZEL_
 long esv_zel_job_facade::esv_zel_job_get_value(unsigned int current_id, ESV_ZEL_PHB_SETTING_ID setting_id,
                                                unsigned int& value_1, unsigned int& value_2, unsigned int& value_3) {
     TOVR_SIM_RECORD(long, current_id, setting_id, value_1, value_2, value_3);
-    Device& d = device();
-    std::lock_guard<std::mutex> lock(d.mutex);
-    auto it = d.sets.find(current_id);
-    if (it == d.sets.end() || !known_triple(setting_id)) return ESV_ZEL_JOB_PARAM_ERROR;
-    const auto& t = it->second.work.triples[setting_id];
-    value_1 = t[0];
-    value_2 = t[1];
-    value_3 = t[2];
-    return ESV_ZEL_JOB_OK;
+    if (!known_triple(setting_id)) return ESV_ZEL_JOB_PARAM_ERROR;
+    return use_set(current_id, [&](Device&, Set& s) {
+        const auto& t = s.work.triples[setting_id];
+        value_1 = t[0];
+        value_2 = t[1];
+        value_3 = t[2];
+        return long{ESV_ZEL_JOB_OK};
+    });
 }
 
 long esv_zel_job_facade::esv_zel_job_set_value(unsigned int current_id, ESV_ZEL_PHB_SETTING_ID setting_id,
@@ -161,17 +152,15 @@ long esv_zel_job_facade::esv_zel_job_rollback_jobinfo(unsigned int current_id) {
 
 long esv_zel_job_facade::esv_zel_job_copy_jobinfo(unsigned int current_id) {
     TOVR_SIM_RECORD(long, current_id);
-    Device& d = device();
-    std::lock_guard<std::mutex> lock(d.mutex);
-    auto it = d.sets.find(current_id);
-    if (it == d.sets.end()) return ESV_ZEL_JOB_PARAM_ERROR;
-    // Only a committed set without pending edits can be duplicated; the copy takes the next id.
-    if (!it->second.committed_once) return ESV_ZEL_JOB_RET_NOT_COPY_JOBINFO;
-    if (d.sets.size() >= kMaxSets) return ESV_ZEL_JOB_COPY_JOBINFO_LIMIT_OVER;
-    Set copy = it->second;
-    copy.work = copy.committed;
-    d.sets[d.next_set++] = copy;
-    return ESV_ZEL_JOB_OK;
+    return use_set(current_id, [](Device& d, Set& s) {
+        // Only a committed set without pending edits can be duplicated; the copy takes the next id.
+        if (!s.committed_once) return long{ESV_ZEL_JOB_RET_NOT_COPY_JOBINFO};
+        if (d.sets.size() >= kMaxSets) return long{ESV_ZEL_JOB_COPY_JOBINFO_LIMIT_OVER};
+        Set copy = s;
+        copy.work = copy.committed;
+        d.sets[d.next_set++] = copy;
+        return long{ESV_ZEL_JOB_OK};
+    });
 }
 
 long esv_zel_job_facade::esv_zel_job_delete_jobinfo(unsigned int current_id) {
@@ -217,43 +206,37 @@ long esv_zel_job_facade::esv_zel_job_check_state_of_prohibition() {
 
 long esv_zel_job_facade::esv_zel_job_get_start_phb(unsigned int current_id, int& result) {
     TOVR_SIM_RECORD(long, current_id, result);
-    Device& d = device();
-    std::lock_guard<std::mutex> lock(d.mutex);
-    auto it = d.sets.find(current_id);
-    if (it == d.sets.end()) return ESV_ZEL_JOB_PARAM_ERROR;
-    result = start_phb_of(d.prohibited, it->second);
-    return ESV_ZEL_JOB_OK;
+    return use_set(current_id, [&](Device& d, Set& s) {
+        result = start_phb_of(d.prohibited, s);
+        return long{ESV_ZEL_JOB_OK};
+    });
 }
 
 long esv_zel_job_facade::esv_zel_job_get_disable_info(unsigned int current_id, ESV_ZEL_PHB_DISABLE_ITEM setting_id,
                                                       unsigned short& val) {
     TOVR_SIM_RECORD(long, current_id, setting_id, val);
-    Device& d = device();
-    std::lock_guard<std::mutex> lock(d.mutex);
-    auto it = d.sets.find(current_id);
-    if (it == d.sets.end() || !known_item(setting_id)) return ESV_ZEL_JOB_PARAM_ERROR;
-    val = disable_mask(it->second.work, setting_id);
-    return ESV_ZEL_JOB_OK;
+    if (!known_item(setting_id)) return ESV_ZEL_JOB_PARAM_ERROR;
+    return use_set(current_id, [&](Device&, Set& s) {
+        val = disable_mask(s.work, setting_id);
+        return long{ESV_ZEL_JOB_OK};
+    });
 }
 
 long esv_zel_job_facade::esv_zel_job_get_main_message(unsigned int current_id, ESV_ZEL_PHB_GET_MESSAGE& message) {
     TOVR_SIM_RECORD(long, current_id, tovr_sim::unrecorded(message));
-    Device& d = device();
-    std::lock_guard<std::mutex> lock(d.mutex);
-    auto it = d.sets.find(current_id);
-    if (it == d.sets.end()) return ESV_ZEL_JOB_PARAM_ERROR;
-    const Set& s = it->second;
-    ESV_ZEL_PHB_GET_MESSAGE m{};
-    m.main_msg_1 = start_phb_of(d.prohibited, s);  // 0 ready, 1 add a destination, 2 starts prohibited
-    m.main_msg_2 = static_cast<int>(s.work.addresses.size());
-    m.main_msg_3 = s.category;
-    m.msg_detail_info[0] = static_cast<int>(num_of(s.work, ESV_ZEL_JOB_SETTING_COPIES));
-    m.msg_detail_info[1] = static_cast<int>(num_of(s.work, ESV_ZEL_JOB_SETTING_COLOR_MODE));
-    m.msg_detail_info[2] = static_cast<int>(num_of(s.work, ESV_ZEL_JOB_SETTING_DUPLEX));
-    m.msg_detail_info[3] = static_cast<int>(num_of(s.work, ESV_ZEL_JOB_SETTING_RESOLUTION));
-    copy_text(m.msg_detail_filename, sizeof m.msg_detail_filename, text_of(s.work, ESV_ZEL_JOB_SETTING_FILE_NAME));
-    message = m;
-    return ESV_ZEL_JOB_OK;
+    return use_set(current_id, [&](Device& d, const Set& s) {
+        ESV_ZEL_PHB_GET_MESSAGE m{};
+        m.main_msg_1 = start_phb_of(d.prohibited, s);  // 0 ready, 1 add a destination, 2 starts prohibited
+        m.main_msg_2 = static_cast<int>(s.work.addresses.size());
+        m.main_msg_3 = s.category;
+        m.msg_detail_info[0] = static_cast<int>(num_of(s.work, ESV_ZEL_JOB_SETTING_COPIES));
+        m.msg_detail_info[1] = static_cast<int>(num_of(s.work, ESV_ZEL_JOB_SETTING_COLOR_MODE));
+        m.msg_detail_info[2] = static_cast<int>(num_of(s.work, ESV_ZEL_JOB_SETTING_DUPLEX));
+        m.msg_detail_info[3] = static_cast<int>(num_of(s.work, ESV_ZEL_JOB_SETTING_RESOLUTION));
+        copy_text(m.msg_detail_filename, sizeof m.msg_detail_filename, text_of(s.work, ESV_ZEL_JOB_SETTING_FILE_NAME));
+        message = m;
+        return long{ESV_ZEL_JOB_OK};
+    });
 }
 
 }  // namespace tarnwick

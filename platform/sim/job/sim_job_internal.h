@@ -149,27 +149,33 @@ struct SetChange {
     }
 };
 
+// Runs `use` on set `id` under the device lock and answers what it answers; PARAM_ERROR when
+// there is no such set. Members that read a set use it directly.
+template <typename Use>
+inline long use_set(unsigned int id, Use use) {
+    Device& d = device();
+    std::lock_guard<std::mutex> lock(d.mutex);
+    auto it = d.sets.find(id);
+    if (it == d.sets.end()) return ESV_ZEL_JOB_PARAM_ERROR;
+    return use(d, it->second);
+}
+
 // Runs `edit` on set `id` under the device lock, noting what the edit changed.
 template <typename Edit>
 inline long edit_set(unsigned int id, Edit edit) {
-    Device& d = device();
     SetChange change;
-    long rc;
-    {
-        std::lock_guard<std::mutex> lock(d.mutex);
-        auto it = d.sets.find(id);
-        if (it == d.sets.end()) return ESV_ZEL_JOB_PARAM_ERROR;
-        Set& s = it->second;
+    const long rc = use_set(id, [&](Device& d, Set& s) {
         const int phb = start_phb_of(d.prohibited, s);
         const auto masks = all_masks(s.work);
         const std::size_t addresses = s.work.addresses.size();
-        rc = edit(d, s);
+        const long answer = edit(d, s);
         change.id = id;
         change.start_phb = start_phb_of(d.prohibited, s) != phb;
         change.disable = all_masks(s.work) != masks;
         change.message = s.work.addresses.size() != addresses || change.start_phb;
-    }
-    change.raise();
+        return answer;
+    });
+    change.raise();  // after the lock is dropped; nothing when there was no such set
     return rc;
 }
 

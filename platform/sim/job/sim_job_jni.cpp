@@ -6,12 +6,41 @@
 #include <vector>
 
 #include "sim_jni.h"
+#include "sim_jni_natives.h"
 #include "tovr_sim_job.h"
 
+using tovr_sim::Answers;
 using tovr_sim_jni::answers;
-using tovr_sim_jni::text;
+using tovr_sim_jni::notification;
 
 namespace {
+
+// The forms of overloaded control functions, and of those with more parameters than Java gives,
+// that the natives raise.
+constexpr Answers (*job_state_changed)(int, unsigned int, int, int, const std::string&, int, int) =
+    tovr_sim::raise_job_state_changed;
+constexpr Answers (*job_update_log)(unsigned int, unsigned int) = tovr_sim::raise_job_update_log;
+constexpr Answers (*fax_send_page)(unsigned int, unsigned int) = tovr_sim::raise_fax_send_page_info;
+constexpr Answers (*renint_start)(unsigned int, int, unsigned int, const char*) = tovr_sim::raise_renint_start_info;
+Answers phb_info(unsigned int current_id) { return tovr_sim::raise_phb_info(current_id); }
+Answers message_info(unsigned int current_id) { return tovr_sim::raise_message_info(current_id); }
+
+// The job and job-information facades' notifications; the field-array ones (printPage,
+// scanPage) are below.
+const bool bound = tovr_sim_jni::bind_natives(
+    "tarnwick/sim/SimJobs",
+    {
+        notification<job_state_changed>("jobStateChanged"),
+        notification<tovr_sim::raise_scan_count>("scanCount"),
+        notification<tovr_sim::raise_start_phb>("startPhb"),
+        notification<tovr_sim::raise_disable_info>("disableInfo"),
+        notification<tovr_sim::raise_main_message>("mainMessage"),
+        notification<phb_info>("phbInfo"),
+        notification<message_info>("messageInfo"),
+        notification<job_update_log>("jobUpdateLog"),
+        notification<fax_send_page>("faxSendPage"),
+        notification<renint_start>("renintStart"),
+    });
 
 // The first `n` elements of a long[]; false with the VM's exception pending when it has fewer.
 bool fields_of(JNIEnv* env, jlongArray a, std::size_t n, std::vector<long long>* out) {
@@ -58,59 +87,6 @@ JNIEXPORT jbyteArray JNICALL Java_tarnwick_sim_SimJobs_scanDataOf(JNIEnv* env, j
 
 JNIEXPORT jint JNICALL Java_tarnwick_sim_SimJobs_scanPageBytes(JNIEnv*, jclass) {
     return static_cast<jint>(tovr_sim::kScanPageBytes);
-}
-
-// ----- job facade notifications -----
-
-JNIEXPORT jlongArray JNICALL Java_tarnwick_sim_SimJobs_jobStateChanged(JNIEnv* env, jclass, jint state, jlong user_job_id,
-                                                                       jint result, jint job_mode, jstring user_name,
-                                                                       jint in_dev, jint out_dev) {
-    return answers(env, tovr_sim::raise_job_state_changed(state, static_cast<unsigned int>(user_job_id), result, job_mode,
-                                                          text(env, user_name), in_dev, out_dev));
-}
-
-JNIEXPORT jlongArray JNICALL Java_tarnwick_sim_SimJobs_scanCount(JNIEnv* env, jclass, jlong a, jlong b) {
-    return answers(env, tovr_sim::raise_scan_count(static_cast<unsigned int>(a), static_cast<unsigned int>(b)));
-}
-
-JNIEXPORT jlongArray JNICALL Java_tarnwick_sim_SimJobs_startPhb(JNIEnv* env, jclass, jlong id) {
-    return answers(env, tovr_sim::raise_start_phb(static_cast<unsigned int>(id)));
-}
-
-JNIEXPORT jlongArray JNICALL Java_tarnwick_sim_SimJobs_disableInfo(JNIEnv* env, jclass, jlong id) {
-    return answers(env, tovr_sim::raise_disable_info(static_cast<unsigned int>(id)));
-}
-
-JNIEXPORT jlongArray JNICALL Java_tarnwick_sim_SimJobs_mainMessage(JNIEnv* env, jclass, jlong id) {
-    return answers(env, tovr_sim::raise_main_message(static_cast<unsigned int>(id)));
-}
-
-JNIEXPORT jlongArray JNICALL Java_tarnwick_sim_SimJobs_phbInfo(JNIEnv* env, jclass, jlong id) {
-    return answers(env, tovr_sim::raise_phb_info(static_cast<unsigned int>(id)));
-}
-
-JNIEXPORT jlongArray JNICALL Java_tarnwick_sim_SimJobs_messageInfo(JNIEnv* env, jclass, jlong id) {
-    return answers(env, tovr_sim::raise_message_info(static_cast<unsigned int>(id)));
-}
-
-// ----- job-information facade notifications -----
-
-JNIEXPORT jlongArray JNICALL Java_tarnwick_sim_SimJobs_jobUpdateLog(JNIEnv* env, jclass, jlong user_job_id, jlong receipt_id) {
-    return answers(env, tovr_sim::raise_job_update_log(static_cast<unsigned int>(user_job_id),
-                                                       static_cast<unsigned int>(receipt_id)));
-}
-
-JNIEXPORT jlongArray JNICALL Java_tarnwick_sim_SimJobs_faxSendPage(JNIEnv* env, jclass, jlong user_job_id, jlong page_num) {
-    return answers(env, tovr_sim::raise_fax_send_page_info(static_cast<unsigned int>(user_job_id),
-                                                           static_cast<unsigned int>(page_num)));
-}
-
-JNIEXPORT jlongArray JNICALL Java_tarnwick_sim_SimJobs_renintStart(JNIEnv* env, jclass, jlong user_job_id, jint name_setting,
-                                                                   jlong interface_info, jstring job_name) {
-    const std::string name = text(env, job_name);
-    return answers(env, tovr_sim::raise_renint_start_info(static_cast<unsigned int>(user_job_id), name_setting,
-                                                          static_cast<unsigned int>(interface_info),
-                                                          job_name == nullptr ? nullptr : name.c_str()));
 }
 
 JNIEXPORT jlongArray JNICALL Java_tarnwick_sim_SimJobs_printPage(JNIEnv* env, jclass, jlongArray fields) {

@@ -52,27 +52,23 @@ long esv_zel_job_facade::esv_zel_job_delete_all_address(unsigned int current_id)
 long esv_zel_job_facade::esv_zel_job_get_address(unsigned int current_id, unsigned int address_id,
                                                  ESV_ZEL_JOB_SEND_INFO& info) {
     TOVR_SIM_RECORD(long, current_id, address_id, tovr_sim::unrecorded(info));
-    Device& d = device();
-    std::lock_guard<std::mutex> lock(d.mutex);
-    auto it = d.sets.find(current_id);
-    if (it == d.sets.end()) return ESV_ZEL_JOB_PARAM_ERROR;
-    auto a = it->second.work.addresses.find(address_id);
-    if (a == it->second.work.addresses.end()) return ESV_ZEL_JOB_PARAM_ERROR;
-    info = a->second;
-    return ESV_ZEL_JOB_OK;
+    return use_set(current_id, [&](Device&, const Set& s) {
+        auto a = s.work.addresses.find(address_id);
+        if (a == s.work.addresses.end()) return long{ESV_ZEL_JOB_PARAM_ERROR};
+        info = a->second;
+        return long{ESV_ZEL_JOB_OK};
+    });
 }
 
 long esv_zel_job_facade::esv_zel_job_get_address_id(unsigned int current_id, unsigned int& count,
                                                     std::vector<unsigned int>& ids) {
     TOVR_SIM_RECORD(long, current_id, count, tovr_sim::shown(ids, ids.size()));
-    Device& d = device();
-    std::lock_guard<std::mutex> lock(d.mutex);
-    auto it = d.sets.find(current_id);
-    if (it == d.sets.end()) return ESV_ZEL_JOB_PARAM_ERROR;
-    ids.clear();
-    for (auto& [id, a] : it->second.work.addresses) ids.push_back(id);
-    count = static_cast<unsigned int>(ids.size());
-    return ESV_ZEL_JOB_OK;
+    return use_set(current_id, [&](Device&, const Set& s) {
+        ids.clear();
+        for (auto& [id, a] : s.work.addresses) ids.push_back(id);
+        count = static_cast<unsigned int>(ids.size());
+        return long{ESV_ZEL_JOB_OK};
+    });
 }
 
 long esv_zel_job_facade::esv_zel_job_box_job_prepare(unsigned int current_id, ESV_ZEL_BOX_JOB_INIT_SETTING& setting) {

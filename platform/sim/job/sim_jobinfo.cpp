@@ -12,10 +12,7 @@ using tarnwick::esv_zel_jobinfo_observer;
 namespace tovr_sim {
 namespace jobsim {
 
-JobLog& joblog() {
-    static JobLog* log = new JobLog;  // leaked: facade threads may run at exit
-    return *log;
-}
+JobLog& joblog() { return lasting<JobLog>(); }
 
 unsigned int store_log(LogEntry entry) {
     JobLog& j = joblog();
@@ -42,10 +39,7 @@ void reset_joblog() {
 
 }  // namespace jobsim
 
-JobinfoFacade& jobinfo_facade() {
-    static JobinfoFacade* f = new JobinfoFacade("jobinfo");  // outlives static destruction
-    return *f;
-}
+JobinfoFacade& jobinfo_facade() { return JobinfoFacade::instance("jobinfo"); }
 
 Answers raise_job_update_log(const ESV_ZEL_EVENT_JOB_UPDATE_LOG& log) {
     return jobinfo_facade().raise([log](esv_zel_jobinfo_observer* o) {

@@ -5,28 +5,13 @@
 
 namespace tovr_sim {
 
-PanelFacade& panel_facade() {
-    static PanelFacade* f = new PanelFacade("panel");  // outlives static destruction
-    return *f;
-}
-
-Answers raise_key_event(unsigned int id, ESV_ZEL_PANEL_KEY_EVENT event) {
-    return panel_facade().raise([=](tarnwick::esv_zel_panel_observer* o) { return o->notify_key_event(id, event); });
-}
-
-Answers raise_auto_panel_reset() {
-    return panel_facade().raise([](tarnwick::esv_zel_panel_observer* o) { return o->notify_auto_panel_reset(); });
-}
-
-namespace {
-const bool registered = register_service(Service{"panel", reset_panel, [] { return panel_facade().observers().size(); }});
-}  // namespace
+PanelFacade& panel_facade() { return PanelFacade::instance("panel"); }
 
 }  // namespace tovr_sim
 
 namespace tarnwick {
 
-TOVR_SIM_OBSERVED_FACADE(panel, tovr_sim::panel_facade())
+TOVR_SIM_OBSERVED_FACADE(panel, tovr_sim::panel_facade(), tovr_sim::reset_panel)
 
 // The panel requests change nothing in the simulated device: each is recorded under its own name
 // and answers 0 unless a test forces another answer.

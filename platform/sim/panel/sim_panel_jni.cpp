@@ -1,22 +1,13 @@
 // JNI side of tarnwick.sim.SimPanel: converts the arguments and calls the panel facade's control
-// interface (tovr_sim_panel.h).
+// interface (tovr_sim_panel.h). Its notifications are bound in common/sim_events_jni.cpp.
 #include <jni.h>
 
 #include "sim_jni.h"
 #include "tovr_sim_panel.h"
 
-using tovr_sim_jni::answers;
 using tovr_sim_jni::text;
 
 extern "C" {
-
-JNIEXPORT jlongArray JNICALL Java_tarnwick_sim_SimPanel_keyEvent(JNIEnv* env, jclass, jlong id, jint event) {
-    return answers(env, tovr_sim::raise_key_event(static_cast<unsigned int>(id), static_cast<ESV_ZEL_PANEL_KEY_EVENT>(event)));
-}
-
-JNIEXPORT jlongArray JNICALL Java_tarnwick_sim_SimPanel_autoPanelReset(JNIEnv* env, jclass) {
-    return answers(env, tovr_sim::raise_auto_panel_reset());
-}
 
 JNIEXPORT jint JNICALL Java_tarnwick_sim_SimPanel_resetTimer(JNIEnv*, jclass, jlong context) {
     return tovr_sim::panel_reset_timer(static_cast<unsigned int>(context));

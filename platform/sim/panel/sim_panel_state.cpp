@@ -23,10 +23,7 @@ struct Panel {
     }
 };
 
-Panel& panel() {
-    static Panel* p = new Panel;  // outlives static destruction
-    return *p;
-}
+Panel& panel() { return lasting<Panel>(); }
 
 }  // namespace
 

@@ -16,9 +16,11 @@ namespace tovr_sim {
 using PanelFacade = ObservedFacade<tarnwick::esv_zel_panel_observer>;
 PanelFacade& panel_facade();
 
-// Notifications (esv_zel_panel_observer), raised on the facade's own thread.
-Answers raise_key_event(unsigned int id, ESV_ZEL_PANEL_KEY_EVENT event);
-Answers raise_auto_panel_reset();
+// Notifications (esv_zel_panel_observer), raised on the facade's own thread; each takes the
+// arguments of the observer member it raises.
+constexpr auto raise_key_event = &Notifier<panel_facade, &tarnwick::esv_zel_panel_observer::notify_key_event>::raise;
+constexpr auto raise_auto_panel_reset =
+    &Notifier<panel_facade, &tarnwick::esv_zel_panel_observer::notify_auto_panel_reset>::raise;
 
 // Failure of the simulated panel facade (bad operation, unknown or null identity name).
 constexpr unsigned long kPanelError = 0x04010402;

@@ -193,13 +193,7 @@ int dvu_dio_readdir(unsigned long dir, DVU_DIO_DIRENT* entry) {
 
 int dvu_dio_closedir(unsigned long dir) {
     TOVR_SIM_RECORD(int, dir);
-    Storage& s = storage();
-    std::lock_guard<std::mutex> lock(s.mutex);
-    auto it = s.dirs.find(dir);
-    if (it == s.dirs.end()) return DVU_DIO_ERR_BAD_HANDLE;
-    s.dirs.erase(it);
-    tovr_sim::resource_closed(tovr_sim::kDirectoryHandle);
-    return DVU_DIO_OK;
+    return tovr_sim::dio::close_handle(&Storage::dirs, dir, tovr_sim::kDirectoryHandle, [](OpenDir&) {});
 }
 
 }  // extern "C"

@@ -210,23 +210,12 @@ int copy_file(const std::string& from, const std::string& to) {
     char buf[65536];
     int rc = DVU_DIO_OK;
     for (;;) {
-        ssize_t n = ::read(in, buf, sizeof buf);
-        if (n < 0) {
-            if (errno == EINTR) continue;
-            rc = from_errno(errno);
-            break;
-        }
-        if (n == 0) break;
-        for (ssize_t off = 0; off < n;) {
-            ssize_t w = ::write(out, buf + off, static_cast<std::size_t>(n - off));
-            if (w < 0) {
-                if (errno == EINTR) continue;
-                rc = from_errno(errno);
-                break;
-            }
-            off += w;
-        }
-        if (rc != DVU_DIO_OK) break;
+        const long long got = transfer(sizeof buf, [&](std::size_t at) { return ::read(in, buf + at, sizeof buf - at); });
+        const long long put = got <= 0 ? got : transfer(static_cast<std::size_t>(got), [&](std::size_t at) {
+            return ::write(out, buf + at, static_cast<std::size_t>(got) - at);
+        });
+        if (got < 0 || put < 0) rc = from_errno(errno);
+        if (got <= 0 || put < 0) break;
     }
     ::close(in);
     ::close(out);
@@ -239,9 +228,9 @@ void reset_locked_all() {
     std::lock_guard<std::mutex> lock(s.mutex);
     for (auto& [h, f] : s.files) {
         if (f.fd >= 0) ::close(f.fd);
-        resource_closed(kFileHandle);
     }
-    for (std::size_t i = 0; i < s.dirs.size(); ++i) resource_closed(kDirectoryHandle);
+    resource_closed(kFileHandle, s.files.size());
+    resource_closed(kDirectoryHandle, s.dirs.size());
     s.files.clear();
     s.dirs.clear();
     s.attrs.clear();

@@ -60,50 +60,47 @@ struct FileCall {
     int rc;
 };
 
+// A read or write of `size` bytes of `buffer` on an open file: its parameters checked, the file
+// looked up and open for it (`may`: can_read or can_write), the size a 32-bit value as on the
+// device.
+struct TransferCall : FileCall {
+    TransferCall(const void* buffer, unsigned long size, unsigned long file, const unsigned long* done,
+                 bool OpenFile::*may)
+        : FileCall(file), size(static_cast<std::uint32_t>(size)) {
+        if (done == nullptr || (buffer == nullptr && size != 0)) {
+            rc = DVU_DIO_ERR_PARAM;
+        } else if (rc == DVU_DIO_OK && !(f->*may)) {
+            rc = DVU_DIO_ERR_MODE;
+        }
+    }
+    unsigned long size;
+};
+
 }  // namespace
 
 int dvu_dio_fread(void* buffer, unsigned long size, unsigned long file, unsigned long* done) {
     TOVR_SIM_RECORD(int, buffer, size, file, done);
-    if (done == nullptr || (buffer == nullptr && size != 0)) return DVU_DIO_ERR_PARAM;
-    FileCall c(file);
+    TransferCall c(buffer, size, file, done, &OpenFile::can_read);
     if (c.rc != DVU_DIO_OK) return c.rc;
-    if (!c.f->can_read) return DVU_DIO_ERR_MODE;
-    size = static_cast<std::uint32_t>(size);
-    unsigned long total = 0;
-    while (total < size) {
-        ssize_t n = ::read(c.f->fd, static_cast<char*>(buffer) + total, size - total);
-        if (n < 0) {
-            if (errno == EINTR) continue;
-            return from_errno(errno);
-        }
-        if (n == 0) break;
-        total += static_cast<unsigned long>(n);
-    }
-    *done = total;
-    return (total == 0 && size != 0) ? DVU_DIO_EOF : DVU_DIO_OK;
+    const long long n =
+        transfer(c.size, [&](std::size_t at) { return ::read(c.f->fd, static_cast<char*>(buffer) + at, c.size - at); });
+    if (n < 0) return from_errno(errno);
+    *done = static_cast<unsigned long>(n);
+    return (n == 0 && c.size != 0) ? DVU_DIO_EOF : DVU_DIO_OK;
 }
 
 int dvu_dio_fwrite(const void* buffer, unsigned long size, unsigned long file, unsigned long* done) {
     TOVR_SIM_RECORD(int, buffer, size, file, done);
-    if (done == nullptr || (buffer == nullptr && size != 0)) return DVU_DIO_ERR_PARAM;
-    FileCall c(file);
+    TransferCall c(buffer, size, file, done, &OpenFile::can_write);
     if (c.rc != DVU_DIO_OK) return c.rc;
-    if (!c.f->can_write) return DVU_DIO_ERR_MODE;
-    size = static_cast<std::uint32_t>(size);
     off_t pos = ::lseek(c.f->fd, 0, SEEK_CUR);
     struct stat st;
     if (::fstat(c.f->fd, &st) == 0 && (::fcntl(c.f->fd, F_GETFL) & O_APPEND)) pos = st.st_size;
-    if (static_cast<std::uint64_t>(pos) + size > tovr_sim::dio::kMaxSize) return DVU_DIO_ERR_TOO_LARGE;
-    unsigned long total = 0;
-    while (total < size) {
-        ssize_t n = ::write(c.f->fd, static_cast<const char*>(buffer) + total, size - total);
-        if (n < 0) {
-            if (errno == EINTR) continue;
-            return from_errno(errno);
-        }
-        total += static_cast<unsigned long>(n);
-    }
-    *done = total;
+    if (static_cast<std::uint64_t>(pos) + c.size > tovr_sim::dio::kMaxSize) return DVU_DIO_ERR_TOO_LARGE;
+    const long long n = transfer(
+        c.size, [&](std::size_t at) { return ::write(c.f->fd, static_cast<const char*>(buffer) + at, c.size - at); });
+    if (n < 0) return from_errno(errno);
+    *done = static_cast<unsigned long>(n);
     return DVU_DIO_OK;
 }
 
@@ -150,14 +147,7 @@ int dvu_dio_fflush(unsigned long file) {
 
 int dvu_dio_fclose(unsigned long file) {
     TOVR_SIM_RECORD(int, file);
-    Storage& s = storage();
-    std::lock_guard<std::mutex> lock(s.mutex);
-    auto it = s.files.find(file);
-    if (it == s.files.end()) return DVU_DIO_ERR_BAD_HANDLE;
-    ::close(it->second.fd);
-    s.files.erase(it);
-    tovr_sim::resource_closed(tovr_sim::kFileHandle);
-    return DVU_DIO_OK;
+    return tovr_sim::dio::close_handle(&Storage::files, file, tovr_sim::kFileHandle, [](OpenFile& f) { ::close(f.fd); });
 }
 
 int dvu_dio_stat(int drive, int access, const char* path, DVU_DIO_STAT* status) {

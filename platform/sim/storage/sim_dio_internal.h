@@ -107,6 +107,39 @@ struct PathCall {
     int rc;
 };
 
+// Moves up to `size` bytes in steps of `step(at)`, a ::read or ::write of what is left from
+// offset `at`, again after an interruption, until all are moved or a step moves nothing. Answers
+// the bytes moved; -1 with errno when a step failed.
+template <typename Step>
+long long transfer(std::size_t size, Step step) {
+    std::size_t total = 0;
+    while (total < size) {
+        const ssize_t n = step(total);
+        if (n < 0) {
+            if (errno == EINTR) continue;
+            return -1;
+        }
+        if (n == 0) break;
+        total += static_cast<std::size_t>(n);
+    }
+    return static_cast<long long>(total);
+}
+
+// Closes handle `h` of `handles` (the open files or directories), an open resource of `kind`:
+// `close` runs on its entry first. DVU_DIO_ERR_BAD_HANDLE for a handle that is not open.
+template <typename Entry, typename Close>
+int close_handle(std::map<unsigned long, Entry> Storage::*handles, unsigned long h, const char* kind, Close close) {
+    Storage& s = storage();
+    std::lock_guard<std::mutex> lock(s.mutex);
+    auto& open = s.*handles;
+    auto it = open.find(h);
+    if (it == open.end()) return DVU_DIO_ERR_BAD_HANDLE;
+    close(it->second);
+    open.erase(it);
+    resource_closed(kind);
+    return DVU_DIO_OK;
+}
+
 inline std::string attr_key(int drive, const std::string& rel) { return std::to_string(drive) + ":" + rel; }
 inline bool exists(const Where& w, struct stat* st) { return ::stat(w.host.c_str(), st) == 0; }
 

@@ -51,10 +51,7 @@ struct SysInfo {
     }
 };
 
-SysInfo& state() {
-    static SysInfo* s = new SysInfo;  // outlives static destruction
-    return *s;
-}
+SysInfo& state() { return lasting<SysInfo>(); }
 
 bool known_kind(unsigned char kind) { return kind <= kCountKindScan; }
 

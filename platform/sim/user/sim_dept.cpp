@@ -33,10 +33,7 @@ struct Depts {
     int dept_mode = ESV_ZEL_DEPT_DEPT_MODE_OFF;
 };
 
-Depts& depts() {
-    static Depts* d = new Depts;  // leaked: job threads may count pages at exit
-    return *d;
-}
+Depts& depts() { return lasting<Depts>(); }
 
 
 

@@ -19,7 +19,7 @@ const bool registered = register_service(Service{"user", [] {
 void reset_users() {
     Users& u = users();
     std::lock_guard<std::mutex> lock(u.mutex);
-    for (std::size_t i = 0; i < u.cursors.size(); ++i) resource_closed(kUserListResource);
+    resource_closed(kUserListResource, u.cursors.size());
     u.local.clear();
     u.local[1] = administrator();
     u.hidden.clear();
