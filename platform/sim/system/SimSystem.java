@@ -7,7 +7,7 @@ package tarnwick.sim;
  * {@link SimDevice#outputRefusals()}). Never part of the library's own jar. See
  * tovr_sim_system.h. The other device services have their own classes: {@link SimCommon}
  * (power, certificates), {@link SimPanel}, {@link SimAcc} (IC card reader) and
- * {@link SimWebService}; their methods here forward to them.
+ * {@link SimWebService}.
  */
 public final class SimSystem {
     static {
@@ -16,12 +16,6 @@ public final class SimSystem {
 
     private SimSystem() {}
 
-    /** Failure code of the simulated panel facade. @deprecated use {@link SimPanel#ERROR} */
-    @Deprecated
-    public static final long PANEL_ERROR = SimPanel.ERROR;
-    /** Failure code of the simulated access-control facade. @deprecated use {@link SimAcc#ERROR} */
-    @Deprecated
-    public static final long ACC_ERROR = SimAcc.ERROR;
     /** Counter kinds the simulated device keeps. */
     public static final int COUNT_TOTAL = 0, COUNT_PRINT = 1, COUNT_COPY = 2, COUNT_SCAN = 3;
 
@@ -76,98 +70,4 @@ public final class SimSystem {
         SimDevice.forceOutput(op, result, index, "bytes[4]",
                               new byte[] {(byte) remain, (byte) size, (byte) direction, (byte) kind}, times);
     }
-
-    /** @deprecated use {@link SimAcc#forceDeviceInfo} */
-    @Deprecated
-    public static void forceDeviceInfo(String op, int index, int productId, int vendorId, int cardTypes, long result,
-                                       int times) {
-        SimAcc.forceDeviceInfo(op, index, productId, vendorId, cardTypes, result, times);
-    }
-
-    /** @deprecated use {@link SimAcc#forceFelica} */
-    @Deprecated
-    public static void forceFelica(String op, int index, String systemCode, String service1, String service2,
-                                   int blocks1, int blocks2, long result, int times) {
-        SimAcc.forceFelica(op, index, systemCode, service1, service2, blocks1, blocks2, result, times);
-    }
-
-    // ----- forwarding to the classes of the other services (kept for one round) -----
-
-    /** @deprecated use {@link SimCommon#powerState()} */
-    @Deprecated
-    public static int powerState() { return SimCommon.powerState(); }
-
-    /** @deprecated use {@link SimCommon#setPowerState(int)} */
-    @Deprecated
-    public static void setPowerState(int state) { SimCommon.setPowerState(state); }
-
-    /** @deprecated use {@link SimCommon#saveModeProhibited()} */
-    @Deprecated
-    public static boolean saveModeProhibited() { return SimCommon.saveModeProhibited(); }
-
-    /** @deprecated use {@link SimCommon#deepSleepSuspends(long)} */
-    @Deprecated
-    public static int deepSleepSuspends(long appId) { return SimCommon.deepSleepSuspends(appId); }
-
-    /** @deprecated use {@link SimCommon#wakeupDate(long)} */
-    @Deprecated
-    public static long wakeupDate(long appId) { return SimCommon.wakeupDate(appId); }
-
-    /** @deprecated use {@link SimCommon#setCertAnswer(String, long)} */
-    @Deprecated
-    public static void setCertAnswer(String path, long answer) { SimCommon.setCertAnswer(path, answer); }
-
-    /** @deprecated use {@link SimPanel#resetTimer(long)} */
-    @Deprecated
-    public static int resetTimer(long context) { return SimPanel.resetTimer(context); }
-
-    /** @deprecated use {@link SimPanel#setIdentity(String, long)} */
-    @Deprecated
-    public static void setPanelIdentity(String name, long id) { SimPanel.setIdentity(name, id); }
-
-    /** @deprecated use {@link SimPanel#currentId()} */
-    @Deprecated
-    public static long currentPanelId() { return SimPanel.currentId(); }
-
-    /** @deprecated use {@link SimAcc#plugReader(boolean)} */
-    @Deprecated
-    public static int plugReader(boolean present) { return SimAcc.plugReader(present); }
-
-    /** @deprecated use {@link SimAcc#readerPresent()} */
-    @Deprecated
-    public static boolean readerPresent() { return SimAcc.readerPresent(); }
-
-    /** @deprecated use {@link SimAcc#setReader(int, int, int)} */
-    @Deprecated
-    public static void setReader(int vendorId, int productId, int cardTypes) { SimAcc.setReader(vendorId, productId, cardTypes); }
-
-    /** @deprecated use {@link SimAcc#readType()} */
-    @Deprecated
-    public static int readType() { return SimAcc.readType(); }
-
-    /** @deprecated use {@link SimAcc#felicaReadType()} */
-    @Deprecated
-    public static int felicaReadType() { return SimAcc.felicaReadType(); }
-
-    /** @deprecated use {@link SimAcc#setFelica} */
-    @Deprecated
-    public static void setFelica(int site, String systemCode, String service1, String service2, int blocks1, int blocks2) {
-        SimAcc.setFelica(site, systemCode, service1, service2, blocks1, blocks2);
-    }
-
-    /** @deprecated use {@link SimAcc#felica(int)} */
-    @Deprecated
-    public static String[] felica(int site) { return SimAcc.felica(site); }
-
-    /** @deprecated use {@link SimAcc#lastFelicaSent()} */
-    @Deprecated
-    public static String[] lastFelicaSent() { return SimAcc.lastFelicaSent(); }
-
-    /** @deprecated use {@link SimWebService#holder(int)} */
-    @Deprecated
-    public static String webServiceHolder(int kind) { return SimWebService.holder(kind); }
-
-    /** @deprecated use {@link SimWebService#setHolder(int, String)} */
-    @Deprecated
-    public static void setWebServiceHolder(int kind, String name) { SimWebService.setHolder(kind, name); }
 }

@@ -121,7 +121,7 @@ public final class DemoDevice {
     }
 
     public String sleep(boolean asleep) {
-        SimSystem.setPowerState(asleep ? 1 : 0);
+        SimCommon.setPowerState(asleep ? 1 : 0);
         SimCommon.sleep(asleep ? 1 : 0);
         return "";
     }
