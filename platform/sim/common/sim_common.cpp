@@ -4,6 +4,7 @@
 
 namespace tovr_sim {
 
+template class ObservedFacade<tarnwick::esv_zel_common_observer>;
 CommonFacade& common_facade() { return CommonFacade::instance("common"); }
 
 }  // namespace tovr_sim
