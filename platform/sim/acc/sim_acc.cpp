@@ -8,7 +8,6 @@
 
 namespace tovr_sim {
 
-template class ObservedFacade<tarnwick::esv_zel_acc_observer>;
 AccFacade& acc_facade() { return AccFacade::instance("acc"); }
 
 namespace {

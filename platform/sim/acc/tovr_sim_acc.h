@@ -17,8 +17,6 @@
 namespace tovr_sim {
 
 using AccFacade = ObservedFacade<tarnwick::esv_zel_acc_observer>;
-// Made once, in the facade's own source: a file that only names the facade does not compile it.
-extern template class ObservedFacade<tarnwick::esv_zel_acc_observer>;
 AccFacade& acc_facade();
 
 // ---------------------------------------------------------------------------------------------

@@ -4,7 +4,6 @@
 
 namespace tovr_sim {
 
-template class ObservedFacade<tarnwick::esv_zel_common_observer>;
 CommonFacade& common_facade() { return CommonFacade::instance("common"); }
 
 }  // namespace tovr_sim

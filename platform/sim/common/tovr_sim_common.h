@@ -16,8 +16,6 @@
 namespace tovr_sim {
 
 using CommonFacade = ObservedFacade<tarnwick::esv_zel_common_observer>;
-// Made once, in the facade's own source: a file that only names the facade does not compile it.
-extern template class ObservedFacade<tarnwick::esv_zel_common_observer>;
 CommonFacade& common_facade();
 
 // ---------------------------------------------------------------------------------------------

@@ -12,6 +12,14 @@
 #include "tovr_sim_services.h"
 #include "tovr_sim_threads.h"
 
+namespace tarnwick {
+class esv_zel_common_observer;
+class esv_zel_panel_observer;
+class esv_zel_acc_observer;
+class esv_zel_job_observer;
+class esv_zel_jobinfo_observer;
+}  // namespace tarnwick
+
 namespace tovr_sim {
 
 // The observers of one facade and the facade's notification thread: every simulated facade
@@ -80,6 +88,14 @@ struct Notifier<Facade, Notify, R (Observer::*)(P...)> {
         });
     }
 };
+
+// The simulated facades with observers, each made once, in sim_observed.cpp: the many files that
+// name a facade's notifications do not each compile its facade again.
+extern template class ObservedFacade<tarnwick::esv_zel_common_observer>;
+extern template class ObservedFacade<tarnwick::esv_zel_panel_observer>;
+extern template class ObservedFacade<tarnwick::esv_zel_acc_observer>;
+extern template class ObservedFacade<tarnwick::esv_zel_job_observer>;
+extern template class ObservedFacade<tarnwick::esv_zel_jobinfo_observer>;
 
 }  // namespace tovr_sim
 

@@ -10,7 +10,6 @@
 
 namespace tovr_sim {
 
-template class ObservedFacade<tarnwick::esv_zel_job_observer>;
 JobFacade& job_facade() { return JobFacade::instance("job"); }
 
 namespace jobsim {

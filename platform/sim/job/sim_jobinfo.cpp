@@ -39,7 +39,6 @@ void reset_joblog() {
 
 }  // namespace jobsim
 
-template class ObservedFacade<tarnwick::esv_zel_jobinfo_observer>;
 JobinfoFacade& jobinfo_facade() { return JobinfoFacade::instance("jobinfo"); }
 
 Answers raise_job_update_log(const ESV_ZEL_EVENT_JOB_UPDATE_LOG& log) {

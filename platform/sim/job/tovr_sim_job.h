@@ -21,9 +21,6 @@ namespace tovr_sim {
 // The observers and notification thread of each facade, as for every observed facade.
 using JobFacade = ObservedFacade<tarnwick::esv_zel_job_observer>;
 using JobinfoFacade = ObservedFacade<tarnwick::esv_zel_jobinfo_observer>;
-// Made once, in the facade's own source: a file that only names the facade does not compile it.
-extern template class ObservedFacade<tarnwick::esv_zel_job_observer>;
-extern template class ObservedFacade<tarnwick::esv_zel_jobinfo_observer>;
 JobFacade& job_facade();
 JobinfoFacade& jobinfo_facade();
 

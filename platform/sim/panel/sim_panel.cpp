@@ -5,7 +5,6 @@
 
 namespace tovr_sim {
 
-template class ObservedFacade<tarnwick::esv_zel_panel_observer>;
 PanelFacade& panel_facade() { return PanelFacade::instance("panel"); }
 
 }  // namespace tovr_sim

@@ -14,8 +14,6 @@
 namespace tovr_sim {
 
 using PanelFacade = ObservedFacade<tarnwick::esv_zel_panel_observer>;
-// Made once, in the facade's own source: a file that only names the facade does not compile it.
-extern template class ObservedFacade<tarnwick::esv_zel_panel_observer>;
 PanelFacade& panel_facade();
 
 // Notifications (esv_zel_panel_observer), raised on the facade's own thread; each takes the
