@@ -272,11 +272,11 @@ public final class ScanToEmailApp {
     public void start() {
         int rc = cmt_init.init();
         log.add("Init", "cmt_init.init() = " + rc);
-        JobProxy.addListener(jobListener);
-        JobInfoProxy.addListener(infoListener);
-        AccProxy.addListener(accListener);
-        CommonProxy.addListener(commonListener);
-        PanelProxy.addListener(panelListener);
+        JobProxy.listeners.add(jobListener);
+        JobInfoProxy.listeners.add(infoListener);
+        AccProxy.listeners.add(accListener);
+        CommonProxy.listeners.add(commonListener);
+        PanelProxy.listeners.add(panelListener);
         manager = new zel_fnd_event_manager();
         boolean ok = manager.init();
         log.add("EventManager", ok ? "started" : "failed");
@@ -291,11 +291,11 @@ public final class ScanToEmailApp {
         copier.shutdownNow();
         jobs.shutdownNow();
         worker.shutdownNow();
-        JobProxy.removeListener(jobListener);
-        JobInfoProxy.removeListener(infoListener);
-        AccProxy.removeListener(accListener);
-        CommonProxy.removeListener(commonListener);
-        PanelProxy.removeListener(panelListener);
+        JobProxy.listeners.remove(jobListener);
+        JobInfoProxy.listeners.remove(infoListener);
+        AccProxy.listeners.remove(accListener);
+        CommonProxy.listeners.remove(commonListener);
+        PanelProxy.listeners.remove(panelListener);
         sysInfo.delete();
         jobProxy.delete();
         auth.delete();

@@ -18,8 +18,8 @@ import tarnwick.zel.controller.event.proxy.PanelProxy;
 import tarnwick.zel.controller.event.proxy.SynchronousEventProxy;
 
 /**
- * Applications register with each proxy's addListener, removeListener and removeAllListeners:
- * they act on the proxy's one registry, the one its fire methods deliver to.
+ * Applications register with each proxy's registry, {@code listeners}: its add, remove and clear
+ * act on what the proxy's fire methods deliver to.
  */
 class ListenerMethodsTest {
     private final List<String> heard = new ArrayList<>();
@@ -37,46 +37,46 @@ class ListenerMethodsTest {
                 heard.add("applStart " + id);
             }
         };
-        PanelProxy.addListener(l);
-        PanelProxy.addListener(l);
+        PanelProxy.listeners.add(l);
+        PanelProxy.listeners.add(l);
         PanelProxy.fireApplStartEvent(7);
         assertEquals(List.of("applStart 7", "applStart 7"), heard);
-        assertTrue(PanelProxy.removeListener(l));
+        assertTrue(PanelProxy.listeners.remove(l));
         PanelProxy.fireApplStartEvent(8);
-        assertTrue(PanelProxy.removeListener(l));
-        assertFalse(PanelProxy.removeListener(l));
+        assertTrue(PanelProxy.listeners.remove(l));
+        assertFalse(PanelProxy.listeners.remove(l));
         PanelProxy.fireApplStartEvent(9);
         assertEquals(List.of("applStart 7", "applStart 7", "applStart 8"), heard);
-        assertThrows(NullPointerException.class, () -> PanelProxy.addListener(null));
+        assertThrows(NullPointerException.class, () -> PanelProxy.listeners.add(null));
     }
 
     @Test
-    void removeAllListenersOfEveryProxy() {
-        CommonProxy.addListener(new CommonProxy.Listener() {
+    void clearOfEveryProxy() {
+        CommonProxy.listeners.add(new CommonProxy.Listener() {
             @Override
             public void logout() {
                 heard.add("logout");
             }
         });
-        SynchronousEventProxy.addListener(new SynchronousEventProxy.Listener() {
+        SynchronousEventProxy.listeners.add(new SynchronousEventProxy.Listener() {
             @Override
             public void systemRestart(int type) {
                 heard.add("systemRestart " + type);
             }
         });
-        JobProxy.addListener(new JobProxy.Listener() {
+        JobProxy.listeners.add(new JobProxy.Listener() {
             @Override
             public void scanCount(long first, long second) {
                 heard.add("scanCount " + first + " " + second);
             }
         });
-        JobInfoProxy.addListener(new JobInfoProxy.Listener() {
+        JobInfoProxy.listeners.add(new JobInfoProxy.Listener() {
             @Override
             public void page(Object info) {
                 heard.add("page " + info);
             }
         });
-        AccProxy.addListener(new AccProxy.Listener() {
+        AccProxy.listeners.add(new AccProxy.Listener() {
             @Override
             public void icCardError(int code) {
                 heard.add("icCardError " + code);
@@ -89,11 +89,11 @@ class ListenerMethodsTest {
         AccProxy.fireICCardErrorEvent(5);
         assertEquals(List.of("logout", "systemRestart 2", "scanCount 1 3", "page p", "icCardError 5"), heard);
 
-        CommonProxy.removeAllListeners();
-        SynchronousEventProxy.removeAllListeners();
-        JobProxy.removeAllListeners();
-        JobInfoProxy.removeAllListeners();
-        AccProxy.removeAllListeners();
+        CommonProxy.listeners.clear();
+        SynchronousEventProxy.listeners.clear();
+        JobProxy.listeners.clear();
+        JobInfoProxy.listeners.clear();
+        AccProxy.listeners.clear();
         CommonProxy.fireLogoutEvent();
         SynchronousEventProxy.fireSystemRestartEvent(2);
         JobProxy.fireScanCountEvent(1, 3);

@@ -36,22 +36,10 @@ public class CommonProxy extends SynchronousEventProxy {
     }
 
     /**
-     * The listeners of these events: {@link #addListener} (one added twice is called twice),
-     * {@link #removeListener} (whether it was registered) and {@link #removeAllListeners} act on it.
+     * The listeners of these events: {@code listeners.add(l)} (one added twice is called twice),
+     * {@code listeners.remove(l)} (whether it was registered) and {@code listeners.clear()}.
      */
     public static final Listeners<Listener> listeners = new Listeners<>();
-
-    public static void addListener(Listener listener) {
-        listeners.add(listener);
-    }
-
-    public static boolean removeListener(Listener listener) {
-        return listeners.remove(listener);
-    }
-
-    public static void removeAllListeners() {
-        listeners.clear();
-    }
 
     protected CommonProxy() {}
 

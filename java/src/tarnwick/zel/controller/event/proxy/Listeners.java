@@ -6,8 +6,7 @@ import java.util.function.Consumer;
 
 /**
  * The listeners of one event proxy, the same for every proxy: {@code JobProxy.listeners.add(l)},
- * {@code .remove(l)}, {@code .clear()} (or the proxy's {@code addListener}, {@code removeListener},
- * {@code removeAllListeners}). Events arrive on device threads while applications add and
+ * {@code .remove(l)}, {@code .clear()}. Events arrive on device threads while applications add and
  * remove listeners on their own threads, from any thread; each event goes to the listeners
  * registered when it arrives (a listener removed during a delivery may still receive that delivery).
  *

@@ -2,8 +2,9 @@
  * The device's events, as the library delivers them: once {@code zel_fnd_event_manager.init()}
  * has run, every notification of the device calls a static {@code fire...} method of one of
  * these classes on a thread of the device service, which hands it to the listeners an
- * application added ({@code JobProxy.addListener(...)} and so on; each proxy's listeners are
- * one {@link tarnwick.zel.controller.event.proxy.Listeners}, its public field {@code listeners}).
+ * application added to the proxy's registry, its public field {@code listeners} (a
+ * {@link tarnwick.zel.controller.event.proxy.Listeners}): {@code JobProxy.listeners.add(l)},
+ * {@code .remove(l)}, {@code .clear()}.
  * <ul>
  * <li>{@link tarnwick.zel.controller.event.proxy.CommonProxy}: device status (sleep, toner,
  * paper, covers, USB memory, logout ...)</li>
