@@ -116,6 +116,22 @@ class AccObserverTest {
         assertEquals(List.of("3 notify_iccard_detect,[Start]", "3 notify_iccard_detect,[End]"), SimDeviceExtension.trace(M));
     }
 
+    @Test
+    void aCardReadsAsItsFieldsWithEachArrayOnce() {
+        SystemData system = new SystemData();
+        system.setSystemCode(3);
+        system.setServiceCode(new int[] {0x1234, 0xFFFF});
+        system.setBlockData(new byte[][] {{1, -2}, {}});
+        ICCardInfo card = new ICCardInfo();
+        card.setCardId("c");
+        card.setCardType((byte) 4);
+        card.setSystemData(new SystemData[] {system});
+        assertEquals("ICCardInfo[cardId=c, cardType=4, systemData=[SystemData[systemCode=3, serviceCode=[4660, 65535], "
+                + "blockData=[[1, -2], []]]]]", card.toString());
+        card.setSystemData(null);
+        assertEquals("ICCardInfo[cardId=c, cardType=4, systemData=null]", card.toString());
+    }
+
     /** A block filling the partition from its start: 4 services, the last with {@code lastCount} blocks. */
     private static byte[] fullPartition(int lastCount) {
         Card c = new Card().u8(1).u16(0x0A0B).bytes(8, 0).u8(4);

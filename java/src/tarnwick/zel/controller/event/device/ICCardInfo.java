@@ -34,6 +34,6 @@ public class ICCardInfo {
 
     @Override
     public String toString() {
-        return "ICCardInfo[" + "cardId=" + cardId + ", " + "cardType=" + cardType + ", " + "systemData=" + java.util.Arrays.deepToString(new Object[] {systemData}) + "]";
+        return "ICCardInfo[" + "cardId=" + cardId + ", " + "cardType=" + cardType + ", " + "systemData=" + java.util.Arrays.toString(systemData) + "]";
     }
 }

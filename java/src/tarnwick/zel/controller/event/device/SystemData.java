@@ -34,6 +34,6 @@ public class SystemData {
 
     @Override
     public String toString() {
-        return "SystemData[" + "systemCode=" + systemCode + ", " + "serviceCode=" + java.util.Arrays.deepToString(new Object[] {serviceCode}) + ", " + "blockData=" + java.util.Arrays.deepToString(new Object[] {blockData}) + "]";
+        return "SystemData[" + "systemCode=" + systemCode + ", " + "serviceCode=" + java.util.Arrays.toString(serviceCode) + ", " + "blockData=" + java.util.Arrays.deepToString(blockData) + "]";
     }
 }
