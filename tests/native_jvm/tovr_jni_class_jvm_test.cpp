@@ -53,6 +53,7 @@ TEST_F(JavaClassJvm, MembersAreLookedUpOnceAndAMissingOneStaysNull) {
     EXPECT_EQ(nullptr, portal.field(kMissing));
     EXPECT_EQ(nullptr, portal.field(99));
     EXPECT_EQ(14, env->CallStaticIntMethod(cls, portal.method(kTwice), 7));
+    ASSERT_FALSE(env->ExceptionCheck());
 
     jni::LocalRef<jobject> obj(env, portal.create(env));
     ASSERT_TRUE(obj);
